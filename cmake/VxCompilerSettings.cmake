@@ -1,0 +1,13 @@
+# Compiler settings that every target of this project shares; they never reach a consumer.
+add_library(vx_compiler_settings INTERFACE)
+target_compile_options(vx_compiler_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow
+    $<$<BOOL:${VXSETTINGS_WARNINGS_AS_ERRORS}>:-Werror>
+    # Log contexts and assertions name files relative to the project, wherever it was built.
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+target_compile_definitions(vx_compiler_settings INTERFACE
+    QT_DEPRECATED_WARNINGS
+    QT_NO_CAST_TO_ASCII
+    QT_NO_URL_CAST_FROM_STRING
+    QT_STRICT_ITERATORS
+    QT_MESSAGELOGCONTEXT)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vxwidgets/vxwidgets_export.h>
+
+#include <QLineEdit>
+
+/// A masked line edit with an eye at its end that reveals the text for as long as the edit can be seen and edited.
+///
+/// Hiding, disabling or making the edit read-only masks the text again. Undo never brings back what was typed before
+/// the last change between masked and revealed. The eye is made when the edit is polished for its first show.
+class VXWIDGETS_EXPORT PasswordEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit PasswordEdit(QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void createRevealAction();
+    void updateRevealAction();
+    void followEditability();
+    void setRevealed(bool revealed);
+
+    QAction *m_reveal = nullptr; // child
+};

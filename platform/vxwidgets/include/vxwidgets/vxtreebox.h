@@ -1,0 +1,81 @@
+#pragma once
+
+#include <vxwidgets/vxwidgets_export.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QPersistentModelIndex>
+
+class QTreeView;
+class TreeBoxView;
+
+/// A combo box whose popup shows its model as a tree. Any node that is enabled and selectable can be chosen.
+///
+/// currentIndexChanged() comes once per change of node, also when the new node has the row number of the old one.
+/// As the row number says little here, use currentModelIndex() instead of currentIndex(). The arrow keys on the closed
+/// box walk the tree as the popup would show it, typed letters find the next name that begins with them, and the wheel
+/// is left to the page around the box.
+///
+/// The popup's view is a QTreeView of the box's own and is not to be replaced by setView().
+class VXWIDGETS_EXPORT VXTreeBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit VXTreeBox(QWidget *parent = nullptr);
+
+    /// The node of model() that the popup opens expanded. It is shown and chosen like any other; invalid for none.
+    void setDefaultRootIndex(const QModelIndex &index);
+    QModelIndex defaultRootIndex() const { return m_defaultRoot; }
+
+    /// Chooses any node of model(), the selectable or not; an invalid index chooses none.
+    void setCurrentModelIndex(const QModelIndex &index);
+    /// The chosen node of model(); invalid if there is none.
+    QModelIndex currentModelIndex() const;
+
+    void showPopup() override;
+
+protected:
+    /// For a derived class that sets a model before anybody sees the box: the view is spared the default one.
+    struct ModelComesLater
+    {};
+    VXTreeBox(ModelComesLater, QWidget *parent);
+
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    using Neighbour = QModelIndex (QTreeView::*)(const QModelIndex &) const;
+
+    void followCurrentIndex(int row);
+    bool returnRootIndex();
+    void chooseByUser(const QModelIndex &index);
+
+    void revealCurrent();
+    void preparePopup();
+    QRect popupGeometry() const;
+    int popupRowCount() const;
+
+    bool opensPopup(const QKeyEvent &event) const;
+    bool isSearching() const;
+    bool step(int key);
+    bool search(const QString &typed);
+    void chooseFirstMatch(const QString &begin, const QModelIndex &first);
+    QModelIndex firstNode() const;
+    QModelIndex lastNode() const;
+    QModelIndex choosableFrom(QModelIndex index, Neighbour next) const;
+
+    QString labelText(const QStyleOptionComboBox &option) const;
+    bool showPathAt(const QPoint &globalPos);
+
+    TreeBoxView *m_tree; // child of the popup
+    QPersistentModelIndex m_defaultRoot;
+    QPersistentModelIndex m_current;
+    int m_currentRow = -1; // of m_current when the base class spoke last
+    QPersistentModelIndex m_rootIndex;
+    bool m_isRootLent = false;
+    QString m_searched;
+    QElapsedTimer m_searchTime;
+};

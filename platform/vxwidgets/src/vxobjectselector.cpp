@@ -1,0 +1,80 @@
+#include "objectmodel.h"
+
+#include <vxwidgets/objecttreeproxy.h>
+#include <vxwidgets/vxobjectselector.h>
+
+#include <QSignalBlocker>
+
+VXObjectSelector::VXObjectSelector(QWidget *parent)
+    : VXTreeBox(ModelComesLater(), parent)
+    , m_objects(new ObjectModel(this))
+{
+    connect(this, qOverload<int>(&QComboBox::currentIndexChanged), this, &VXObjectSelector::followChoice);
+}
+
+void VXObjectSelector::setProxyModel(ObjectTreeProxy *proxy)
+{
+    if (!proxy || proxy == model())
+        return;
+
+    proxy->setSourceModel(m_objects);
+    connect(proxy, &QAbstractItemModel::layoutChanged, this, &VXObjectSelector::followObjects);
+    {
+        const QSignalBlocker blocker(this);
+        setModel(proxy); // chooses the first row
+        setCurrentIndex(-1);
+    }
+    followObjects();
+}
+
+ObjectTreeProxy *VXObjectSelector::proxyModel() const
+{
+    return qobject_cast<ObjectTreeProxy *>(model());
+}
+
+void VXObjectSelector::setDataname(const QString &dataname)
+{
+    m_objects->setDataname(dataname);
+}
+
+QString VXObjectSelector::dataname() const
+{
+    return m_objects->dataname();
+}
+
+void VXObjectSelector::setCurrentUid(unsigned int uid)
+{
+    const QModelIndex index = choosableIndex(uid);
+    // The base class has nothing to report when the chosen object was gone already.
+    const bool isMissingGivenUp = m_uid && !index.isValid() && !currentModelIndex().isValid();
+    m_wantedUid = uid;
+    m_uid = index.isValid() ? uid : 0;
+    setCurrentModelIndex(index);
+    if (isMissingGivenUp)
+        Q_EMIT currentIndexChanged(-1);
+}
+
+QModelIndex VXObjectSelector::choosableIndex(unsigned int uid) const
+{
+    const QModelIndex index = proxyModel() ? proxyModel()->indexOf(uid) : QModelIndex();
+    return index.flags() & Qt::ItemIsSelectable ? index : QModelIndex();
+}
+
+void VXObjectSelector::followChoice()
+{
+    const unsigned int uid = currentModelIndex().data(ObjectModel::UidRole).toUInt();
+    if (uid == m_uid)
+        return;
+    m_uid = uid;
+    m_wantedUid = uid;
+}
+
+void VXObjectSelector::followObjects()
+{
+    const QModelIndex index = choosableIndex(m_wantedUid);
+    if (index.isValid())
+        m_uid = m_wantedUid;
+    const QSignalBlocker blocker(this);
+    setCurrentModelIndex(index);
+    update();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vxsettings/dbparamwidget.h>
+
+/// A smart-card key, edited in a modal dialog that a button opens.
+class VXSETTINGS_EXPORT DBButtonWidget : public DBParamWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DBButtonWidget(QWidget *parent);
+
+    void setValue(const QVariant &value) override;
+    /// What was set, or the text of the key that the dialog was accepted with.
+    QVariant value() const override;
+    void setEnabled(bool enabled) override;
+
+private:
+    void editKey();
+};

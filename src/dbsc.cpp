@@ -1,0 +1,3 @@
+#include "dbsc.h"
+
+Q_LOGGING_CATEGORY(dbsc, "gui.lib.dbsettings")

@@ -1,0 +1,64 @@
+#include <vxsettings/dbbuttonwidget.h>
+
+#include <vxwidgets/smartcardkeydialog.h>
+#include <vxwidgets/userdatabutton.h>
+
+#include <QPointer>
+
+namespace {
+
+constexpr char keyProperty[] = "userData";
+}
+
+DBButtonWidget::DBButtonWidget(QWidget *parent)
+    : DBParamWidget(parent)
+{
+    auto *button = new UserDataButton(tr("Изменить"), this);
+    connect(button, &QAbstractButton::clicked, this, [this] { editKey(); });
+    setCentralWidget(button);
+}
+
+void DBButtonWidget::setValue(const QVariant &value)
+{
+    auto *button = qobject_cast<UserDataButton *>(centralWidget());
+    if (!button)
+        return;
+    button->setProperty(keyProperty, value);
+    DBParamWidget::setValue(value);
+}
+
+QVariant DBButtonWidget::value() const
+{
+    const auto *button = qobject_cast<UserDataButton *>(centralWidget());
+    return button ? button->property(keyProperty) : QVariant();
+}
+
+void DBButtonWidget::setEnabled(bool enabled)
+{
+    DBParamWidget::setEnabled(enabled);
+    if (auto *button = qobject_cast<UserDataButton *>(centralWidget()))
+        button->setEnabled(enabled);
+}
+
+void DBButtonWidget::editKey()
+{
+    auto *button = qobject_cast<QWidget *>(sender());
+    if (!button)
+        return;
+    // The page may be closed while the dialog is open; the dialog then goes with its button.
+    const QPointer<SmartCardKeyDialog> dialog = new SmartCardKeyDialog(button);
+    dialog->setKey(button->property(keyProperty).toString());
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    const QString newKey = dialog->key();
+    delete dialog;
+    if (!accepted)
+        return;
+
+    const QPointer<DBButtonWidget> self(this);
+    button->setProperty(keyProperty, newKey);
+    Q_EMIT paramChanged(key(), newKey);
+    if (self)
+        Q_EMIT commitData();
+}

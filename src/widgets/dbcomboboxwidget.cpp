@@ -1,0 +1,75 @@
+#include <vxsettings/dbcomboboxwidget.h>
+
+#include <QComboBox>
+#include <QEvent>
+
+DBComboBoxWidget::DBComboBoxWidget(QWidget *parent)
+    : DBParamWidget(parent)
+{
+    auto *comboBox = new QComboBox(this);
+    comboBox->installEventFilter(this);
+    connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this, comboBox](int index) { Q_EMIT paramChanged(key(), comboBox->itemData(index)); });
+    setCentralWidget(comboBox);
+}
+
+void DBComboBoxWidget::setValue(const QVariant &value)
+{
+    auto *comboBox = qobject_cast<QComboBox *>(centralWidget());
+    if (!comboBox)
+        return;
+    DBParamWidget::setValue(value);
+    const int wanted = value.toInt();
+    for (int index = 0; index < comboBox->count(); ++index) {
+        if (comboBox->itemData(index).toInt() == wanted) {
+            comboBox->setCurrentIndex(index);
+            return;
+        }
+    }
+}
+
+QVariant DBComboBoxWidget::value() const
+{
+    const auto *comboBox = qobject_cast<QComboBox *>(centralWidget());
+    return comboBox ? comboBox->currentData() : QVariant();
+}
+
+void DBComboBoxWidget::setParamValues(const std::map<unsigned int, QString> &values)
+{
+    auto *comboBox = qobject_cast<QComboBox *>(centralWidget());
+    if (!comboBox)
+        return;
+    disconnect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
+    comboBox->clear();
+    for (const auto &[number, caption] : values)
+        comboBox->addItem(caption, number);
+    setDefaultValue();
+    // On purpose beside the connection that setDefaultValue() has made: until the next revert every change commits
+    // twice.
+    connect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
+}
+
+void DBComboBoxWidget::setEnabled(bool enabled)
+{
+    DBParamWidget::setEnabled(enabled);
+    if (auto *comboBox = qobject_cast<QComboBox *>(centralWidget()))
+        comboBox->setEnabled(enabled);
+}
+
+void DBComboBoxWidget::setDefaultValue()
+{
+    auto *comboBox = qobject_cast<QComboBox *>(centralWidget());
+    if (!comboBox)
+        return;
+    // Showing the stored value again is no edit to be saved.
+    disconnect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
+    setValue(storedValue());
+    connect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
+}
+
+bool DBComboBoxWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Wheel && watched == centralWidget())
+        return true;
+    return DBParamWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Installs what building, testing and running need on Debian 12. Does nothing, and needs no rights, when all is there.
+#
+#   scripts/install-deps.sh         what run.sh needs
+#   scripts/install-deps.sh --test  that, and what test.sh and the benchmarks need
+set -euo pipefail
+
+run_packages=(
+    cmake g++ ninja-build
+    qtbase5-dev qttools5-dev qttools5-dev-tools
+    libqt5svg5 libqt5sql5-sqlite
+    fonts-dejavu-core
+)
+test_packages=(
+    clang-format clang-tidy codespell gcovr git libbenchmark-dev python3 shellcheck sqlite3 valgrind xauth xvfb
+)
+
+packages=("${run_packages[@]}")
+if [[ ${1:-} == --test ]]; then
+    packages+=("${test_packages[@]}")
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+    if [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true) != installed ]]; then
+        missing+=("$package")
+    fi
+done
+if ((${#missing[@]} == 0)); then
+    exit 0
+fi
+
+as_root=()
+if ((EUID != 0)); then
+    command -v sudo >/dev/null || {
+        echo "Missing packages: ${missing[*]}" >&2
+        echo "Install them as root: apt-get install ${missing[*]}" >&2
+        exit 1
+    }
+    as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update --quiet
+DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install --yes --quiet --no-install-recommends "${missing[@]}"

@@ -1,0 +1,86 @@
+#include "manager.h"
+
+#include "commandline.h"
+#include "exitstatus.h"
+#include "mainwindow.h"
+#include "pagepictures.h"
+#include "savequestions.h"
+#include "selftest.h"
+
+#include <QApplication>
+
+namespace {
+
+/// Whether somebody could see a window.
+bool hasScreen()
+{
+    return QGuiApplication::platformName() != QLatin1String("offscreen") &&
+           QGuiApplication::platformName() != QLatin1String("minimal");
+}
+} // namespace
+
+Manager::Manager(const CommandLine &commandLine)
+    : m_commandLine(commandLine)
+    , m_location(DatabaseLocation::chosen(commandLine.database()))
+    , m_controller(m_store)
+    , m_out(stdout)
+    , m_err(stderr)
+{}
+
+int Manager::run()
+{
+    if (m_commandLine.isHelpWanted()) {
+        m_out << m_commandLine.helpText();
+        return ExitDone;
+    }
+    if (m_commandLine.isVersionWanted()) {
+        m_out << QStringLiteral("vxsettings-manager %1\n").arg(QCoreApplication::applicationVersion());
+        return ExitDone;
+    }
+    if (!m_commandLine.error().isNull())
+        return usageError(m_commandLine.error());
+    if (!m_location.isValid())
+        return usageError(tr("Такая база данных не поддерживается: «%1». Укажите файл.").arg(m_location.url()));
+
+    if (m_commandLine.theme())
+        Theme::apply(*m_commandLine.theme());
+    if (m_commandLine.isSelfTestWanted()) {
+        const ExitStatus status = SelfTest(m_location.filePath(), m_out, m_err).run();
+        if (status != ExitDone || m_commandLine.pictureFolder().isNull())
+            return status;
+    }
+    return runOnDatabase();
+}
+
+int Manager::usageError(const QString &message)
+{
+    m_err << message << '\n' << tr("Справка: vxsettings-manager --help") << '\n';
+    return ExitUsage;
+}
+
+int Manager::databaseError(const DatabaseError &error)
+{
+    m_err << error.text() << '\n';
+    m_err.flush();
+    if (m_commandLine.isWindowWanted() && hasScreen())
+        SaveQuestions::showError(nullptr, error);
+    return ExitDatabase;
+}
+
+int Manager::runOnDatabase()
+{
+    if (auto error = m_store.open(m_location.filePath()))
+        return databaseError(*error);
+    if (auto error = m_controller.load())
+        return databaseError(*error);
+    if (m_commandLine.isWindowWanted())
+        return showWindow();
+    return PagePictures::write(m_controller, m_commandLine.pictureFolder(), m_out, m_err) ? ExitDone : ExitFailed;
+}
+
+int Manager::showWindow()
+{
+    MainWindow window(m_controller, m_store.path());
+    window.show();
+    return QApplication::exec();
+}

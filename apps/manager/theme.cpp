@@ -1,0 +1,54 @@
+#include "theme.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QToolTip>
+
+namespace {
+
+constexpr QRgb darkWindow = 0xff2b2d30;
+constexpr QRgb darkBase = 0xff1e1f22;
+constexpr QRgb darkButton = 0xff3c3f41;
+constexpr QRgb darkText = 0xffdfe1e5;
+constexpr QRgb darkFadedText = 0xff868a91;
+constexpr QRgb darkAccent = 0xff3a78c9;
+constexpr QRgb darkLink = 0xff6aa8ff;
+
+QPalette darkPalette()
+{
+    QPalette palette(QColor(darkText), QColor(darkButton), QColor(0xff55585c), QColor(0xff141517), QColor(0xff2f3134),
+                     QColor(darkText), Qt::white, QColor(darkBase), QColor(darkWindow));
+    palette.setColor(QPalette::Shadow, QColor(0xff0f1011));
+    palette.setColor(QPalette::AlternateBase, QColor(darkWindow));
+    palette.setColor(QPalette::ToolTipBase, QColor(darkButton));
+    palette.setColor(QPalette::ToolTipText, QColor(darkText));
+    palette.setColor(QPalette::Highlight, QColor(darkAccent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(darkLink));
+    palette.setColor(QPalette::PlaceholderText, QColor(darkFadedText));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(darkFadedText));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(darkButton));
+    return palette;
+}
+} // namespace
+
+std::optional<Theme::Kind> Theme::fromName(const QString &name)
+{
+    if (name == QLatin1String("light"))
+        return Kind::Light;
+    if (name == QLatin1String("dark"))
+        return Kind::Dark;
+    return {};
+}
+
+void Theme::apply(Kind kind)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    const QPalette palette = kind == Kind::Dark ? darkPalette() : QApplication::style()->standardPalette();
+    QApplication::setPalette(palette);
+    // Tool tips have a palette of their own, which does not follow.
+    QToolTip::setPalette(palette);
+}

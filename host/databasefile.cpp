@@ -1,0 +1,81 @@
+#include "databasefile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+namespace {
+
+const QByteArray sqliteSignature = QByteArrayLiteral("SQLite format 3\0");
+
+QByteArray firstBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(sqliteSignature.size()) : QByteArray();
+}
+} // namespace
+
+DatabaseFile::DatabaseFile(const QString &path)
+    : m_path(path)
+{}
+
+bool DatabaseFile::exists() const
+{
+    const QFileInfo info(m_path);
+    return info.exists() || info.isSymLink();
+}
+
+std::optional<DatabaseError> DatabaseFile::problem() const
+{
+    const QFileInfo info(m_path);
+    const QString otherFile = tr("Укажите другой файл в параметре --database.");
+    const QString rights = tr("Разрешите вашей учётной записи чтение и запись файла и его папки.");
+
+    if (info.isDir())
+        return error(tr("Это папка, а не файл."), otherFile);
+    if (!info.exists())
+        return error(tr("Файла, на который указывает ссылка, нет."), otherFile);
+    if (!info.isFile())
+        return error(tr("Это не обычный файл."), otherFile);
+    if (!info.isReadable())
+        return error(tr("Нет прав на чтение файла."), rights);
+    if (info.size() == 0)
+        return error(tr("Файл пуст."), tr("Удалите его, чтобы создать новую базу данных, или укажите другой файл."));
+    if (firstBytes(m_path) != sqliteSignature)
+        return error(tr("Файл не является базой данных SQLite."), otherFile);
+    if (!info.isWritable())
+        return error(tr("Файл доступен только для чтения."), rights);
+    // A transaction needs files of its own beside the database.
+    if (!QFileInfo(info.absolutePath()).isWritable())
+        return error(tr("Папка файла доступна только для чтения."), rights);
+    return {};
+}
+
+std::optional<DatabaseError>
+DatabaseFile::create(const std::function<std::optional<DatabaseError>(const QString &path)> &fill) const
+{
+    const QString folder = QFileInfo(m_path).absolutePath();
+    const QString advice = tr("Проверьте путь и права доступа к папке или укажите другой файл в параметре --database.");
+    if (!QDir().mkpath(folder))
+        return error(tr("Не удаётся создать папку «%1».").arg(folder), advice);
+
+    QTemporaryFile draft(m_path + QStringLiteral(".XXXXXX")); // has mode 0600
+    if (!draft.open())
+        return error(tr("Не удаётся создать файл: %1.").arg(draft.errorString()), advice);
+    draft.close();
+    if (auto failure = fill(draft.fileName()))
+        return failure;
+
+    // Takes the final name only if nobody else has taken it meanwhile.
+    if (draft.rename(m_path))
+        draft.setAutoRemove(false);
+    else if (!exists())
+        return error(tr("Не удаётся создать файл: %1.").arg(draft.errorString()), advice);
+    return {};
+}
+
+DatabaseError DatabaseFile::error(const QString &reason, const QString &advice) const
+{
+    return {m_path, reason, advice};
+}

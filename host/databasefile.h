@@ -1,0 +1,36 @@
+#pragma once
+
+#include <host/databaseerror.h>
+
+#include <QCoreApplication>
+
+#include <functional>
+#include <optional>
+
+/// The file of a database, seen from outside.
+class DatabaseFile
+{
+    Q_DECLARE_TR_FUNCTIONS(DatabaseFile)
+
+public:
+    /// @p path is absolute.
+    explicit DatabaseFile(const QString &path);
+
+    /// Whether there is anything at the path, be it a database or not.
+    bool exists() const;
+
+    /// Why the file cannot be a database that this program may read and write. Only looks at it.
+    [[nodiscard]] std::optional<DatabaseError> problem() const;
+
+    /// Makes the file, readable and writable for its owner alone, and the folders above it.
+    ///
+    /// @p fill gets the path of a file beside it that has another name until it is complete: nobody ever sees a
+    /// half-made database. A file that has appeared meanwhile is left alone, and is no error.
+    [[nodiscard]] std::optional<DatabaseError>
+    create(const std::function<std::optional<DatabaseError>(const QString &path)> &fill) const;
+
+private:
+    DatabaseError error(const QString &reason, const QString &advice) const;
+
+    QString m_path;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <localstorage/localstorage.h>
+
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+/// Everything that an installation database holds.
+struct Installation
+{
+    QHash<QString, QString> settings;                        ///< stored key → text
+    QHash<QString, QVector<vantorix::ObjectRecord>> objects; ///< data name → objects, in their stored order
+};

@@ -1,0 +1,31 @@
+#include "saveresult.h"
+
+SaveResult SaveResult::nothingToDo()
+{
+    return {};
+}
+
+SaveResult SaveResult::saved()
+{
+    return {Outcome::Saved, {}, {}, {}};
+}
+
+SaveResult SaveResult::conflicting(const QVector<SettingConflict> &conflicts)
+{
+    return {Outcome::Conflicting, conflicts, {}, {}};
+}
+
+SaveResult SaveResult::unreadable(const QStringList &keys)
+{
+    return {Outcome::Unreadable, {}, keys, {}};
+}
+
+SaveResult SaveResult::failed(const DatabaseError &error)
+{
+    return {Outcome::Failed, {}, {}, error};
+}
+
+bool SaveResult::isDone() const
+{
+    return outcome == Outcome::Saved || outcome == Outcome::NothingToDo;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <host/databaseerror.h>
+
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+/// A setting that somebody else has changed since it was loaded.
+struct SettingConflict
+{
+    QString key;
+    QString loaded; ///< what both started from
+    QString stored; ///< what is in the database now
+    QString wanted; ///< what was to be saved
+};
+
+/// What became of a save. Unless it was saved, the database is as it was.
+struct [[nodiscard]] SaveResult
+{
+    enum class Outcome {
+        NothingToDo,
+        Saved,
+        Conflicting, ///< see conflicts
+        Unreadable,  ///< a stored JSON text cannot be merged with an edit, see unreadableKeys
+        Failed,      ///< see error
+    };
+
+    Outcome outcome = Outcome::NothingToDo;
+    QVector<SettingConflict> conflicts;
+    QStringList unreadableKeys;
+    std::optional<DatabaseError> error;
+
+    static SaveResult nothingToDo();
+    static SaveResult saved();
+    static SaveResult conflicting(const QVector<SettingConflict> &conflicts);
+    static SaveResult unreadable(const QStringList &keys);
+    static SaveResult failed(const DatabaseError &error);
+
+    /// Whether the database now holds everything that was to be saved.
+    bool isDone() const;
+};

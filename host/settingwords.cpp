@@ -1,0 +1,87 @@
+#include "settingwords.h"
+
+#include <vxsettings/dbkeys.h>
+#include <vxsettings/dbsettingshelper.h>
+
+#include <localstorage/localstorage.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+namespace {
+
+QString objectName(const QString &dataName, const QString &uid)
+{
+    for (const vantorix::ObjectRecord &object : vantorix::LocalStorage::instance()->objects(dataName)) {
+        if (QString::number(object.uid) == uid)
+            return object.name;
+    }
+    return {};
+}
+
+QString choice(const QString &key, const QString &number)
+{
+    const auto choices = DBSettingsHelper::paramValues(key);
+    bool isNumber = false;
+    const auto found = choices.find(number.toUInt(&isNumber));
+    return isNumber && found != choices.end() ? found->second : QString();
+}
+
+QString checkBox(const QString &text)
+{
+    return QVariant(text).toBool() ? SettingWords::tr("да") : SettingWords::tr("нет");
+}
+
+/// "Caption: value" of each member that the catalogue knows; null if the text is no object.
+QString members(const QString &key, const QString &text)
+{
+    const QJsonObject object = QJsonDocument::fromJson(text.toUtf8()).object();
+    QStringList lines;
+    for (const QString &name : DBSettingsHelper::groupParams(DBSettingsHelper::jsonGroup(key))) {
+        if (object.contains(name))
+            lines << QStringLiteral("%1: %2").arg(SettingWords::caption(name),
+                                                  SettingWords::value(name, object[name].toVariant().toString()));
+    }
+    return lines.join(QStringLiteral("; "));
+}
+
+/// What the catalogue makes of the text; null if nothing.
+QString meaning(const QString &key, const QString &text)
+{
+    switch (DBSettingsHelper::paramType(key)) {
+    case DBSettingsType::ComboBox:
+        return choice(key, text);
+    case DBSettingsType::CheckBox:
+        return checkBox(text);
+    case DBSettingsType::JsonGroup:
+        return members(key, text);
+    case DBSettingsType::OrgstructureSelector:
+        return objectName(vantorix::ORGSTRUCTURE_DATANAME, text);
+    case DBSettingsType::SmartCardProfileSelector:
+        return objectName(vantorix::SMARTCARD_PROFILE_DATANAME, text);
+    default:
+        return {};
+    }
+}
+} // namespace
+
+QString SettingWords::caption(const QString &key)
+{
+    if (DBSettingsHelper::paramType(key) == DBSettingsType::JsonGroup)
+        return DBSettingsHelper::groupName(DBSettingsHelper::jsonGroup(key));
+    return DBSettingsHelper::paramName(key);
+}
+
+QString SettingWords::value(const QString &key, const QString &text)
+{
+    if (isSecret(key))
+        return text.isEmpty() ? tr("не задано") : tr("скрыто");
+    const QString words = meaning(key, text);
+    return words.isEmpty() ? QStringLiteral("«%1»").arg(text) : words;
+}
+
+bool SettingWords::isSecret(const QString &key)
+{
+    return DBSettingsHelper::paramType(key) == DBSettingsType::Password;
+}

@@ -1,0 +1,85 @@
+#include "sqliteconnection.h"
+
+#include <QUuid>
+
+namespace {
+
+/// How long a statement waits for another writer. The user waits as well, so it is not long.
+const QString busyTimeout = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000");
+
+QString options(SqliteConnection::Mode mode)
+{
+    return mode == SqliteConnection::Mode::ReadOnly ? busyTimeout + QStringLiteral(";QSQLITE_OPEN_READONLY")
+                                                    : busyTimeout;
+}
+} // namespace
+
+SqliteConnection::SqliteConnection(const QString &path, Mode mode)
+    : m_name(QUuid::createUuid().toString())
+    , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name))
+{
+    m_database.setDatabaseName(path);
+    m_database.setConnectOptions(options(mode));
+    if (!m_database.open())
+        m_error = m_database.lastError();
+}
+
+SqliteConnection::~SqliteConnection()
+{
+    // A connection can only be removed when no object refers to it any more.
+    m_database.close();
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+QString SqliteConnection::path() const
+{
+    return m_database.databaseName();
+}
+
+QSqlError SqliteConnection::lastError() const
+{
+    return m_error;
+}
+
+bool SqliteConnection::isOpen() const
+{
+    return m_database.isOpen();
+}
+
+bool SqliteConnection::execute(const QString &statement)
+{
+    return executePrepared(statement, {});
+}
+
+bool SqliteConnection::executePrepared(const QString &statement, const QVariantList &values)
+{
+    QSqlQuery query(m_database);
+    return run(query, statement, values);
+}
+
+std::optional<QSqlQuery> SqliteConnection::select(const QString &statement, const QVariantList &values)
+{
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    if (!run(query, statement, values))
+        return {};
+    return query;
+}
+
+QVariant SqliteConnection::selectOne(const QString &statement)
+{
+    auto rows = select(statement);
+    return rows && rows->next() ? rows->value(0) : QVariant();
+}
+
+bool SqliteConnection::run(QSqlQuery &query, const QString &statement, const QVariantList &values)
+{
+    bool done = query.prepare(statement);
+    for (const QVariant &value : values)
+        query.addBindValue(value);
+    done = done && query.exec();
+    if (!done)
+        m_error = query.lastError();
+    return done;
+}

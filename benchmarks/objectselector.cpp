@@ -60,8 +60,8 @@ QVector<ObjectRecord> wideTree()
     QVector<ObjectRecord> records{{1, 0, types[0], QStringLiteral("Предприятие"), true},
                                   {2, 1, types[2], QStringLiteral("Отдел"), true}};
     for (unsigned int uid = 3; uid < 3 + siblingCount; ++uid)
-        records.append({uid, 2, uid % 4 ? types[2] : QStringLiteral("OT_WORKER"), QStringLiteral("Участок %1").arg(uid),
-                        true});
+        records.append(
+            {uid, 2, uid % 4 ? types[2] : QStringLiteral("OT_WORKER"), QStringLiteral("Участок %1").arg(uid), true});
     return records;
 }
 
@@ -281,8 +281,9 @@ private:
 void registerBuild(const char *name, void (*function)(benchmark::State &, const QVector<ObjectRecord> &, unsigned int),
                    const QVector<ObjectRecord> &records, unsigned int storedUid = 0)
 {
-    benchmark::RegisterBenchmark(name, [=](benchmark::State &state) { function(state, records, storedUid); })
-        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(name, [=](benchmark::State &state) {
+        function(state, records, storedUid);
+    })->Unit(benchmark::kMillisecond);
 }
 } // namespace
 

@@ -20,7 +20,8 @@
 // Does one kind of work N times, to be run under an instruction counter with two values of N: the difference is the
 // work, without start-up and first-time costs.
 //
-//   pagecount WORK WAY N      WORK: cycle:PAGE shown:PAGE caption value ("PAGE": a number of DBGroups, or "all")
+//   pagecount WORK WAY N      WORK: cycle:PAGE shown:PAGE sets caption choices value last-value ("PAGE": a number of
+//   DBGroups, or "all")
 
 namespace {
 
@@ -61,6 +62,22 @@ void shown(const std::vector<DBGroups> &groups, int count)
             window.grab();
         }
     }
+}
+
+/// @p count sets of all pages in one window, all alive until the end: whether the last costs what the first did.
+template <typename Way>
+void sets(int count)
+{
+    Way way;
+    QWidget window;
+    std::vector<decltype(way.make(DBGroups::Users, &window))> living;
+    for (int i = 0; i < count; ++i) {
+        for (const DBGroups group : pages::all)
+            living.push_back(way.make(group, &window));
+        QApplication::processEvents();
+    }
+    while (!living.empty())
+        living.pop_back();
 }
 
 QStringList captionedKeys()
@@ -124,6 +141,29 @@ void choicesByHand(int count)
     }
 }
 
+/// The page's last key: the worst case for a walk that stops at the first match.
+void lastValueByLibrary(int count)
+{
+    QWidget window;
+    const auto page = DBSettingsGroupFactory::create(DBGroups::Users, &window, nullptr);
+    for (int i = 0; i < count; ++i)
+        page->toGroup()->paramValue(db::database::USER_SESSION_TIMEOUT);
+}
+
+void lastValueByFindChildren(int count)
+{
+    QWidget window;
+    const auto page = DBSettingsGroupFactory::create(DBGroups::Users, &window, nullptr);
+    for (int i = 0; i < count; ++i) {
+        for (const DBParamWidget *editor : page->widget()->findChildren<DBParamWidget *>()) {
+            if (editor->key() == db::database::USER_SESSION_TIMEOUT) {
+                editor->value();
+                break;
+            }
+        }
+    }
+}
+
 /// Every key of the page in turn, so that near and far editors count alike.
 void valueByLibrary(int count)
 {
@@ -166,9 +206,11 @@ void addPageWork(std::map<std::string, Work> &works, const std::string &page)
 std::map<std::string, Work> allWorks(const std::string &page)
 {
     std::map<std::string, Work> works = {
-        {"caption library", captionByLibrary}, {"caption handwritten", captionByBinarySearch},
-        {"choices library", choicesByLibrary}, {"choices handwritten", choicesByHand},
-        {"value library", valueByLibrary},     {"value findchildren", valueByFindChildren},
+        {"caption library", captionByLibrary},      {"caption handwritten", captionByBinarySearch},
+        {"choices library", choicesByLibrary},      {"choices handwritten", choicesByHand},
+        {"value library", valueByLibrary},          {"value findchildren", valueByFindChildren},
+        {"last-value library", lastValueByLibrary}, {"last-value findchildren", lastValueByFindChildren},
+        {"sets library", sets<pages::Library>},     {"sets handwritten", sets<pages::Handwritten>},
     };
     if (!page.empty()) {
         addPageWork<pages::Library>(works, page);

@@ -46,6 +46,7 @@ count() {
     row "caption look-up" caption handwritten 1.00 100 300
     row "choice look-up" choices handwritten 1.00 1000 3000
     row "value by key, against findChildren" value findchildren 0.50 100 300
+    row "value by the last key" last-value findchildren 0.50 1000 3000
 }
 
 if [[ ${1:-} != --count ]]; then

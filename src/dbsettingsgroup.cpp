@@ -22,12 +22,12 @@ constexpr LogPoint jsonCollected{"src/dbsettingsgroup", 133,
 constexpr auto groupType = DBSettingsType(5);
 
 /// Visits the editors below @p parent in the order of the widget tree until @p visit returns true.
-/// Only widgets have widgets below them, so layouts and the like are passed by.
+/// Layouts and leaves are passed by: only widgets have widgets below them, and an editor has at least its captions.
 template <typename Visit>
 bool visitEditors(const QObject *parent, const Visit &visit)
 {
     for (QObject *child : parent->children()) {
-        if (!child->isWidgetType())
+        if (!child->isWidgetType() || child->children().isEmpty())
             continue;
         auto *editor = qobject_cast<DBParamWidget *>(child);
         if ((editor && visit(editor)) || visitEditors(child, visit))

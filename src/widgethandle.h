@@ -1,5 +1,7 @@
 #pragma once
 
+#include "autotestexport.h"
+
 #include <QWidget>
 
 #include <memory>
@@ -12,11 +14,11 @@
 namespace widgethandle {
 
 /// Takes @p widget over; deletes it and throws if there is no memory for the handle. A null widget yields no handle.
-std::shared_ptr<QWidget> make(QWidget *widget);
+VXSETTINGS_AUTOTEST_EXPORT std::shared_ptr<QWidget> make(QWidget *widget);
 
 /// @p handle while its widget lives, else an empty handle.
-std::shared_ptr<QWidget> alive(const std::shared_ptr<QWidget> &handle);
+VXSETTINGS_AUTOTEST_EXPORT std::shared_ptr<QWidget> alive(const std::shared_ptr<QWidget> &handle);
 
 /// Makes @p handle own @p widget. What it owned before dies unless somebody else holds it; the same widget stays.
-void reset(std::shared_ptr<QWidget> &handle, QWidget *widget);
+VXSETTINGS_AUTOTEST_EXPORT void reset(std::shared_ptr<QWidget> &handle, QWidget *widget);
 } // namespace widgethandle

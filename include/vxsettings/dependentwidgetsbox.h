@@ -59,14 +59,14 @@ public:
     void clearData(QLayout *layout);
 
 Q_SIGNALS:
-    /// The user clicked an inner check box.
-    void paramChanged(const QString &key, bool checked);
+    /// The user clicked the inner check box of the flag key that comes first.
+    void paramChanged(const QString &, bool checked);
     /// The user clicked the group check box.
     void groupChanged(bool checked);
 
 private Q_SLOTS:
-    void onInnerCheckBoxClicked(bool checked);
-    void onGroupCheckBoxClicked(bool checked);
+    void onInnerCheckBoxClicked(bool);
+    void onGroupCheckBoxClicked(bool);
 
 private:
     QList<QCheckBox *> innerCheckBoxes() const;

@@ -100,7 +100,8 @@ void DependentWidgetsBox::onInnerCheckBoxClicked(bool checked)
     const QList<QCheckBox *> boxes = innerCheckBoxes();
     const auto isChecked = [](const QCheckBox *box) { return box->isChecked(); };
     setGroupCheckBoxState(boxes.count(), int(std::count_if(boxes.begin(), boxes.end(), isChecked)));
-    Q_EMIT paramChanged(sender()->objectName(), checked);
+    if (const QObject *clicked = sender())
+        Q_EMIT paramChanged(clicked->objectName(), checked);
 }
 
 void DependentWidgetsBox::onGroupCheckBoxClicked(bool checked)

@@ -32,13 +32,20 @@ const QString dataName = QStringLiteral("objects");
 const QStringList types{QStringLiteral("OT_SUBJECTROOT"), QStringLiteral("OT_FIRM"), QStringLiteral("OT_DEPARTMENT")};
 
 /// A tree in which each node has @p fanout children; uid 1 is the root, uid 2 and up follow level by level.
-QVector<ObjectRecord> evenTree(unsigned int fanout, const QString &rootType = types[0])
+QVector<ObjectRecord> evenTree(unsigned int fanout)
 {
     QVector<ObjectRecord> records;
     records.reserve(objectCount);
-    records.append({1, 0, rootType, QStringLiteral("Предприятие"), true});
+    records.append({1, 0, types[0], QStringLiteral("Предприятие"), true});
     for (unsigned int uid = 2; uid <= objectCount; ++uid)
         records.append({uid, (uid - 2) / fanout + 1, types[2], QStringLiteral("Подразделение %1").arg(uid), true});
+    return records;
+}
+
+/// The same tree under a root that can only be opened, and only for the sake of later children.
+QVector<ObjectRecord> filteredRoot(QVector<ObjectRecord> records)
+{
+    records[0].type = records[1].type = QStringLiteral("OT_GROUP");
     return records;
 }
 
@@ -249,7 +256,7 @@ public:
     void ReportRuns(const std::vector<Run> &runs) override
     {
         for (const Run &run : runs) {
-            m_seconds[run.benchmark_name()] = run.real_accumulated_time / double(run.iterations);
+            m_seconds[run.benchmark_name()] = run.cpu_accumulated_time / double(run.iterations);
             const auto bytes = run.counters.find("bytes");
             if (bytes != run.counters.end())
                 m_bytes[run.benchmark_name()] = bytes->second;
@@ -297,7 +304,7 @@ int main(int argc, char *argv[])
     registerBuild("build/bare", build<BareTree>, tree);
     registerBuild("build/page", build<PageSelector>, tree);
     registerBuild("build/page/storedUid", build<PageSelector>, tree, objectCount);
-    registerBuild("build/page/filteredRoot", build<PageSelector>, evenTree(100, QStringLiteral("OT_GROUP")));
+    registerBuild("build/page/filteredRoot", build<PageSelector>, filteredRoot(tree));
     registerBuild("build/page/anyOrder", build<PageSelector>, anyOrder);
     benchmark::RegisterBenchmark("nextPage", buildNextPage)->Unit(benchmark::kMicrosecond);
     benchmark::RegisterBenchmark("setCurrentUid", chooseByUid, tree)->Unit(benchmark::kMicrosecond);

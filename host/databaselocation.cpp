@@ -1,7 +1,6 @@
 #include "databaselocation.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
@@ -57,5 +56,7 @@ QString DatabaseLocation::url() const
 
 QString DatabaseLocation::filePath() const
 {
-    return QFileInfo(m_path).absoluteFilePath();
+    // Not QFileInfo, which takes a leading colon for a resource of the program.
+    return QDir::cleanPath(m_path.startsWith(QLatin1Char('/')) ? m_path
+                                                               : QDir::currentPath() + QLatin1Char('/') + m_path);
 }

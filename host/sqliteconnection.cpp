@@ -1,25 +1,30 @@
 #include "sqliteconnection.h"
 
+#include <QUrl>
 #include <QUuid>
 
 namespace {
 
-/// How long a statement waits for another writer. The user waits as well, so it is not long.
-const QString busyTimeout = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000");
+/// A statement waits two seconds for another writer. The user waits as well, so it is not longer.
+const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000;QSQLITE_OPEN_URI");
 
-QString options(SqliteConnection::Mode mode)
+/// The driver's own options would create a missing file.
+QString uri(const QString &path, SqliteConnection::Mode mode)
 {
-    return mode == SqliteConnection::Mode::ReadOnly ? busyTimeout + QStringLiteral(";QSQLITE_OPEN_READONLY")
-                                                    : busyTimeout;
+    const auto query = mode == SqliteConnection::Mode::ReadOnly ? QStringLiteral("mode=ro") : QStringLiteral("mode=rw");
+    QUrl url = QUrl::fromLocalFile(path);
+    url.setQuery(query);
+    return QString::fromLatin1(url.toEncoded());
 }
 } // namespace
 
 SqliteConnection::SqliteConnection(const QString &path, Mode mode)
-    : m_name(QUuid::createUuid().toString())
+    : m_path(path)
+    , m_name(QUuid::createUuid().toString())
     , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name))
 {
-    m_database.setDatabaseName(path);
-    m_database.setConnectOptions(options(mode));
+    m_database.setDatabaseName(uri(path, mode));
+    m_database.setConnectOptions(connectOptions);
     if (!m_database.open())
         m_error = m_database.lastError();
 }
@@ -34,7 +39,7 @@ SqliteConnection::~SqliteConnection()
 
 QString SqliteConnection::path() const
 {
-    return m_database.databaseName();
+    return m_path;
 }
 
 QSqlError SqliteConnection::lastError() const

@@ -37,6 +37,7 @@ private:
     /// Runs it, and remembers the error if it fails.
     bool run(QSqlQuery &query, const QString &statement, const QVariantList &values);
 
+    QString m_path;
     QString m_name; ///< of the connection, unique in this process
     QSqlDatabase m_database;
     QSqlError m_error;

@@ -31,3 +31,9 @@ void ChangeBar::setChangeCount(int count)
     m_revert->setEnabled(count > 0);
     m_save->setEnabled(count > 0);
 }
+
+void ChangeBar::followInTabOrder(QWidget *widget)
+{
+    setTabOrder(widget, m_revert);
+    setTabOrder(m_revert, m_save);
+}

@@ -15,6 +15,8 @@ public:
 
     /// @p count is the number of settings that differ from what is stored.
     void setChangeCount(int count);
+    /// Makes the buttons follow @p widget in the tab order.
+    void followInTabOrder(QWidget *widget);
 
 Q_SIGNALS:
     void saveRequested();

@@ -60,7 +60,9 @@ bool CommandLine::isWindowWanted() const
 
 QString CommandLine::helpText() const
 {
-    return m_parser.helpText();
+    // Where the program lies is no part of how to use it.
+    return m_parser.helpText().replace(QCoreApplication::arguments().constFirst(),
+                                       QStringLiteral("vxsettings-manager"));
 }
 
 QString CommandLine::database() const

@@ -103,6 +103,11 @@ PageArea *MainWindow::createPage(DBGroups group)
     auto *area = new PageArea;
     area->setPage(m_controller.openPage(group, area->canvas()));
     m_stack->addWidget(area);
+    // What is built last is last in the tab order, and belongs between the list and the bar.
+    QWidget *last = previousInFocusChain();
+    while (last->focusPolicy() == Qt::NoFocus)
+        last = last->previousInFocusChain();
+    m_bar->followInTabOrder(last);
     return area;
 }
 

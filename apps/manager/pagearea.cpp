@@ -7,6 +7,8 @@ PageArea::PageArea(QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
+    // Not a stop of its own on the way through the editors, which scroll into view when they are reached.
+    setFocusPolicy(Qt::NoFocus);
     auto *canvas = new QWidget;
     new QVBoxLayout(canvas);
     setWidget(canvas);

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void undoBringsNothingToLight();
     void revealedTextStaysSecretToInputMethods();
     void eyeFollowsThePalette();
+    void eyeOfAnEditDisabledAtFirstIsNotDimmed();
     void textsFollowTheLanguage();
 };
 
@@ -250,6 +251,22 @@ void TestPasswordEdit::eyeFollowsThePalette()
         QVERIFY(drawn.alpha() > 200);
         QCOMPARE(drawn.rgb(), color.rgb());
     }
+}
+
+void TestPasswordEdit::eyeOfAnEditDisabledAtFirstIsNotDimmed()
+{
+    PasswordEdit edit;
+    QPalette palette;
+    palette.setColor(QPalette::Text, Qt::blue);
+    palette.setColor(QPalette::Disabled, QPalette::Text, Qt::red);
+    edit.setPalette(palette);
+    edit.setEnabled(false);
+    edit.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&edit));
+
+    edit.setEnabled(true);
+    QVERIFY(eye(edit)->isVisible());
+    QCOMPARE(colorOf(edit.actions().constFirst()->icon()).rgb(), QColor(Qt::blue).rgb());
 }
 
 void TestPasswordEdit::textsFollowTheLanguage()

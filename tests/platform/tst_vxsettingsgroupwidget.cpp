@@ -192,7 +192,7 @@ struct Page
 /// The rectangle of @p widget in the coordinates of its ancestor @p frame.
 QRect rectIn(const QWidget *frame, const QWidget *widget)
 {
-    return {widget->mapTo(const_cast<QWidget *>(frame), QPoint()), widget->size()};
+    return {widget->mapTo(frame, QPoint()), widget->size()};
 }
 } // namespace
 

@@ -111,7 +111,9 @@ struct Stored
                              {42, 7, "OT_DEPARTMENT", "Отдел кадров"},
                              {43, 7, "OT_DEPARTMENT", "Бухгалтерия"}}};
     StoredObjects profiles{"smartcard_profile_dataname",
-                           {{5, 0, "OT_SMARTCARD_PROFILE", "Пропуск"}, {6, 0, "OT_SMARTCARD_PROFILE", "Гость"}}};
+                           {{5, 0, "OT_SMARTCARD_PROFILE", "Пропуск"},
+                            {6, 0, "OT_SMARTCARD_PROFILE", "Гость"},
+                            {42, 0, "OT_SMARTCARD_PROFILE", "Подрядчик"}}};
 };
 
 /// A page as a host shows it. The tree goes before the window.

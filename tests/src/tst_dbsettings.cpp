@@ -6,6 +6,7 @@
 #include <vxsettings/dbsettingsgroupfactory.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 #include <QVBoxLayout>
@@ -44,6 +45,11 @@ QWidget *newPage()
     return page;
 }
 
+QWidget *inputOf(QWidget *editor)
+{
+    return qobject_cast<DBParamWidget *>(editor)->centralWidget();
+}
+
 /// Hands every widget to @p visit before a node gets it.
 Tree makeByHand(const Visit &visit)
 {
@@ -61,6 +67,7 @@ Tree makeByHand(const Visit &visit)
 
     const auto addEditor = [&](const QString &name, DBSettingsGroup &node, QWidget *parent) {
         DBParamWidget *editor = newEditor(parent, "PT_" + name.toUpper(), 1);
+        editor->setCentralWidget(new QLineEdit);
         visit(name, editor);
         tree.add(name, editor, addLeaf(node, editor));
     };
@@ -71,6 +78,8 @@ Tree makeByHand(const Visit &visit)
     addEditor("member", *nested, nestedFrame);
     addEditor("editor", *group, frame);
     addEditor("last editor", *group, frame);
+    tree.widgets.insert("input", inputOf(tree.widgets["editor"]));
+    visit("input", tree.widgets["input"]);
 
     tree.root = std::move(group);
     return tree;
@@ -93,6 +102,7 @@ Tree makeByFactory(const Visit &visit)
     tree.add("member", member->widget().get(), member);
     tree.add("editor", children[1]->widget().get(), children[1].get());
     tree.add("last editor", children.back()->widget().get(), children.back().get());
+    tree.widgets.insert("input", inputOf(tree.widgets["editor"]));
     for (auto widget = tree.widgets.begin(); widget != tree.widgets.end(); ++widget)
         visit(widget.key(), widget.value());
     return tree;
@@ -105,7 +115,8 @@ Tree makeTree(bool byHand, const Visit &visit = visitNothing)
     return byHand ? makeByHand(visit) : makeByFactory(visit);
 }
 
-const QStringList widgetNames = {"page", "frame", "nested frame", "member", "editor", "last editor"};
+const QStringList nodeNames = {"frame", "nested frame", "member", "editor", "last editor"};
+const QStringList widgetNames = QStringList{"page", "input"} + nodeNames; // those without a node first
 
 /// Whether widget @p inner goes when @p outer goes; a tree takes all but its page with it.
 bool goesWith(const QString &inner, const QString &outer)
@@ -114,7 +125,7 @@ bool goesWith(const QString &inner, const QString &outer)
         return true;
     if (outer == "frame" || outer == "tree")
         return inner != "page";
-    return outer == "nested frame" && inner == "member";
+    return (outer == "nested frame" && inner == "member") || (outer == "editor" && inner == "input");
 }
 } // namespace
 
@@ -139,14 +150,16 @@ private Q_SLOTS:
     void treeDroppedWhileAWidgetDies();
     void treeDroppedWhileAWidgetIsReplaced_data();
     void treeDroppedWhileAWidgetIsReplaced();
-    void heldWidgetOutlivesTheTree_data();
+    void treeDroppedWhileANodeIsRemoved_data() { addKindsAndWidgets(); }
+    void treeDroppedWhileANodeIsRemoved();
+    void heldWidgetOutlivesTheTree_data() { addKindsAndWidgets(); }
     void heldWidgetOutlivesTheTree();
     void heldWidgetsOutliveTheTreeTogether_data() { addKinds(); }
     void heldWidgetsOutliveTheTreeTogether();
     void heldFrameStaysOnItsPage_data() { addKinds(); }
     void heldFrameStaysOnItsPage();
     void heldEditorInsideAnotherOutlivesTheTree();
-    void heldWidgetGoesWithItsPage_data();
+    void heldWidgetGoesWithItsPage_data() { addKindsAndWidgets(); }
     void heldWidgetGoesWithItsPage();
 
 private:
@@ -167,9 +180,7 @@ void TestDBSettings::addKindsAndWidgets()
 {
     QTest::addColumn<bool>("byHand");
     QTest::addColumn<QString>("name");
-    for (const QString &name : widgetNames) {
-        if (name == "page")
-            continue;
+    for (const QString &name : nodeNames) {
         QTest::addRow("by hand, %s", qPrintable(name)) << true << name;
         QTest::addRow("by factory, %s", qPrintable(name)) << false << name;
     }
@@ -309,6 +320,11 @@ void TestDBSettings::treeDroppedWhileAWidgetDies()
     }
     std::shared_ptr<QWidget> handle = tree.nodes.contains(held) ? tree.nodes[held]->widget() : nullptr;
 
+    if (shown) { // let every widget wait for a repaint
+        for (QWidget *widget : tree.page->findChildren<QWidget *>())
+            widget->update();
+    }
+
     if (first == "tree")
         tree.root.reset();
     else
@@ -317,6 +333,12 @@ void TestDBSettings::treeDroppedWhileAWidgetDies()
     if (goesWith(watched, first) && !handle) {
         QCOMPARE(dropped, 1);
         QVERIFY(!tree.root);
+    }
+    if (tree.page && shown) { // the page goes on, and remembers none of the dead
+        QVERIFY(!tree.page->focusWidget() || tree.page->findChildren<QWidget *>().contains(tree.page->focusWidget()));
+        QTest::keyClick(tree.page, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        tree.page->grab();
     }
     tree.root.reset();
     delete tree.page;
@@ -357,9 +379,21 @@ void TestDBSettings::treeDroppedWhileAWidgetIsReplaced()
     delete tree.page;
 }
 
-void TestDBSettings::heldWidgetOutlivesTheTree_data()
+void TestDBSettings::treeDroppedWhileANodeIsRemoved()
 {
-    addKindsAndWidgets();
+    QFETCH(bool, byHand);
+    QFETCH(QString, name);
+    Tree tree = makeTree(byHand);
+    connect(tree.widgets[name], &QObject::destroyed, this, [&] { tree.root.reset(); });
+
+    for (std::unique_ptr<DBSettings> &child : tree.root->toGroup()->settings()) {
+        child.reset();
+        if (!tree.root)
+            break;
+    }
+    tree.root.reset();
+    QVERIFY(!tree.widgets["frame"]);
+    delete tree.page;
 }
 
 void TestDBSettings::heldWidgetOutlivesTheTree()
@@ -373,8 +407,10 @@ void TestDBSettings::heldWidgetOutlivesTheTree()
 
     tree.root.reset();
     QVERIFY(widget);
-    for (const QString &other : widgetNames)
-        QCOMPARE(!tree.widgets[other].isNull(), other == name || other == "page");
+    for (const QString &other : widgetNames) {
+        const bool isPartOfIt = name == "editor" && other == "input";
+        QCOMPARE(!tree.widgets[other].isNull(), other == name || other == "page" || isPartOfIt);
+    }
     QVERIFY(widget->findChildren<DBParamWidget *>().isEmpty());
     if (name != "frame") {
         QVERIFY(!widget->parent());
@@ -438,11 +474,6 @@ void TestDBSettings::heldEditorInsideAnotherOutlivesTheTree()
     QVERIFY(inner);
     held.reset();
     QVERIFY(!inner);
-}
-
-void TestDBSettings::heldWidgetGoesWithItsPage_data()
-{
-    addKindsAndWidgets();
 }
 
 void TestDBSettings::heldWidgetGoesWithItsPage()

@@ -8,6 +8,9 @@
 
 #include <QApplication>
 
+#include <memory>
+#include <vector>
+
 using Step = DBSettingsBuilder &(DBSettingsBuilder::*)();
 using Recipe = void (DBDirector::*)();
 Q_DECLARE_METATYPE(Step)
@@ -44,14 +47,13 @@ private:
 /// Deletes the editors that have no parent; answers how many there were.
 int deleteLooseEditors()
 {
-    int count = 0;
+    // Popups are top-level widgets as well, and go with their editors: collect first.
+    std::vector<std::unique_ptr<DBParamWidget>> editors;
     for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (auto *editor = qobject_cast<DBParamWidget *>(widget)) {
-            delete editor;
-            ++count;
-        }
+        if (auto *editor = qobject_cast<DBParamWidget *>(widget))
+            editors.emplace_back(editor);
     }
-    return count;
+    return int(editors.size());
 }
 } // namespace
 

@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QTranslator>
 
+#include <algorithm>
+#include <climits>
 #include <new>
 
 using namespace db::database;
@@ -39,6 +41,12 @@ public:
 private:
     QString m_fatalText;
 };
+
+int parentlessWidgetCount()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    return int(std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) { return !widget->parent(); }));
+}
 } // namespace
 
 class TestDBSettingsGroupFactory : public QObject
@@ -211,19 +219,13 @@ void TestDBSettingsGroupFactory::nothingElseIsLeftBehind()
     QFETCH(int, group);
     QWidget parent;
     QWidget root;
-    const int windowCount = QApplication::topLevelWidgets().count();
+    const int windowCount = parentlessWidgetCount();
     const int widgetCount = QApplication::allWidgets().count();
     std::unique_ptr<DBSettings> node = DBSettingsGroupFactory::create(DBGroups(group), &parent, &root);
 
     QCOMPARE(root.children(), QObjectList({node->widget().get()}));
     QVERIFY(parent.children().isEmpty());
-    const auto windowsOfThePage = [&] {
-        int count = 0;
-        for (const QWidget *window : QApplication::topLevelWidgets())
-            count += !window->parentWidget();
-        return count;
-    };
-    QCOMPARE(windowsOfThePage(), windowCount);
+    QCOMPARE(parentlessWidgetCount(), windowCount);
     node.reset();
     QVERIFY(root.children().isEmpty());
     QCOMPARE(QApplication::allWidgets().count(), widgetCount);

@@ -144,6 +144,8 @@ private Q_SLOTS:
     void clampedValueIsAcceptedAsShown();
     void unknownChoiceIsForgottenByAccepting();
     void textsAreShownAsText();
+    void hostileTextIsLogged_data();
+    void hostileTextIsLogged();
 
 private:
     LoggingRules m_quiet{"gui.lib.dbsettings.debug=false"};
@@ -414,6 +416,30 @@ void TestHostilePages::textsAreShownAsText()
     QCOMPARE(page.root().paramValue(MOBILE_HOST), QVariant("<b>host</b>\nname"));
     const auto *line = page.editors().first()->findChild<QLineEdit *>();
     QVERIFY(line->displayText().startsWith("<b>host</b>"));
+}
+
+void TestHostilePages::hostileTextIsLogged_data()
+{
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("1,024 levels") << nested(1024);
+    QTest::newRow("100,000 levels") << nested(100000);
+    QTest::newRow("a megabyte") << QString(1 << 20, 'x');
+    QTest::newRow("zero character") << QString(3, QChar(0));
+    QTest::newRow("lone surrogate") << QString(QChar(0xD800));
+    QTest::newRow("placeholders") << "%s %n %1 \033[31m";
+}
+
+void TestHostilePages::hostileTextIsLogged()
+{
+    QFETCH(QString, text);
+    StoredSettings stored({{PIN_STRENGTH, text}, {MAX_CARD_COUNT, text}});
+    const OBJECT_PARAMETERS quiet = Page(1).tree->parameters();
+
+    LoggingRules rules("gui.lib.dbsettings.debug=true");
+    CapturedMessages log;
+    QCOMPARE(Page(1).tree->parameters(), quiet);
+    QVERIFY(log.count() > 10);
 }
 
 QTEST_MAIN(TestHostilePages)

@@ -150,6 +150,8 @@ private Q_SLOTS:
     void editsAreCollectedOneByOne();
     void revertBringsTheStoredValuesBack_data();
     void revertBringsTheStoredValuesBack();
+    void pageIsFilledByProgram_data();
+    void pageIsFilledByProgram();
     void acceptedEditsStay_data();
     void acceptedEditsStay();
     void acceptAndRevertWithoutAnEditChangeNothing_data();
@@ -591,6 +593,27 @@ void TestPages::revertBringsTheStoredValuesBack()
         page.tree->setDefaultValue();
         QCOMPARE(page.tree->parameters(), original);
     }
+}
+
+void TestPages::pageIsFilledByProgram_data()
+{
+    installation::addPageRows();
+}
+
+void TestPages::pageIsFilledByProgram()
+{
+    QFETCH(int, group);
+    installation::Stored stored;
+    const Page model(group);
+    StoredSettings nothing({});
+    const Page page(group);
+
+    for (DBParamWidget *editor : page.editors())
+        editor->setValue(model.root().paramValue(editor->key()));
+    QCOMPARE(page.tree->parameters(), model.tree->parameters());
+    // What is set is stored.
+    page.tree->setDefaultValue();
+    QCOMPARE(page.tree->parameters(), model.tree->parameters());
 }
 
 void TestPages::acceptedEditsStay_data()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vxwidgets/vxwidgets_export.h>
+#include "autotestexport.h"
 
 #include <localstorage/localstorage.h>
 

@@ -2,6 +2,8 @@
 
 #include <vxwidgets/objecttreeproxy.h>
 
+#include <QScopedValueRollback>
+
 ObjectTreeProxy::ObjectTreeProxy(QObject *parent)
     : QSortFilterProxyModel(parent)
 {}
@@ -44,8 +46,9 @@ void ObjectTreeProxy::setSourceModel(QAbstractItemModel *sourceModel)
 
 bool ObjectTreeProxy::hasChildren(const QModelIndex &parent) const
 {
-    // The base class would map the children of every node that is painted just to count them.
-    if (!m_objects || !parent.isValid())
+    // The base class would map the children of every node that is painted just to count them. But while the filter
+    // changes, what it has mapped is what it still shows.
+    if (!m_objects || !parent.isValid() || m_isFilterChanging)
         return QSortFilterProxyModel::hasChildren(parent);
     return hasShownChild(ObjectModel::numberAt(mapToSource(parent)));
 }
@@ -117,5 +120,6 @@ void ObjectTreeProxy::findParentsOfShown() const
 void ObjectTreeProxy::filterChanged()
 {
     m_parentsRevision = -1;
+    const QScopedValueRollback<bool> changing(m_isFilterChanging, true);
     invalidate();
 }

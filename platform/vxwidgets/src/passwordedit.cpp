@@ -62,7 +62,7 @@ void PasswordEdit::updateRevealAction()
     const bool revealed = m_reveal->isChecked();
     const auto theme = QIcon::fromTheme(revealed ? QStringLiteral("action-eye-off") : QStringLiteral("action-eye"));
     const int extent = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    m_reveal->setIcon(VXIconHelper::pixmap(theme, {extent, extent}, palette().color(QPalette::Text)));
+    m_reveal->setIcon(VXIconHelper::pixmap(theme, {extent, extent}, palette().color(QPalette::Active, QPalette::Text)));
     m_reveal->setText(revealed ? tr("Скрыть пароль") : tr("Показать пароль"));
 }
 

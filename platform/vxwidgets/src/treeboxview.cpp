@@ -55,18 +55,18 @@ bool TreeBoxView::eventFilter(QObject *watched, QEvent *event)
 
 bool TreeBoxView::filterViewportEvent(QEvent *event)
 {
-    auto *mouseEvent = static_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         m_isOpeningClick = false;
-        m_isArrowPressed = isOnArrow(mouseEvent->pos());
+        m_isArrowPressed = isOnArrow(static_cast<QMouseEvent *>(event)->pos());
         return false;
-    case QEvent::MouseMove:
-        if ((mouseEvent->globalPos() - m_shownAt).manhattanLength() > QApplication::startDragDistance())
-            m_isOpeningClick = false;
+    case QEvent::MouseMove: {
+        const QPoint way = static_cast<QMouseEvent *>(event)->globalPos() - m_shownAt;
+        m_isOpeningClick = m_isOpeningClick && way.manhattanLength() <= QApplication::startDragDistance();
         return false;
+    }
     case QEvent::MouseButtonRelease:
-        release(mouseEvent);
+        release(static_cast<QMouseEvent *>(event));
         return true;
     default:
         return false;

@@ -45,12 +45,15 @@ QString VXObjectSelector::dataname() const
 void VXObjectSelector::setCurrentUid(unsigned int uid)
 {
     const QModelIndex index = choosableIndex(uid);
-    // The base class has nothing to report when the chosen object was gone already.
-    const bool isMissingGivenUp = m_uid && !index.isValid() && !currentModelIndex().isValid();
+    const bool isMissing = m_uid && !currentModelIndex().isValid();
+    if (isMissing && uid == m_uid)
+        return;
+
     m_wantedUid = uid;
     m_uid = index.isValid() ? uid : 0;
     setCurrentModelIndex(index);
-    if (isMissingGivenUp)
+    // The base class has nothing to report if a missing object is given up.
+    if (isMissing && !index.isValid())
         Q_EMIT currentIndexChanged(-1);
 }
 

@@ -1,7 +1,7 @@
 #include "singleline.h"
+#include "tintedicon.h"
 #include "treeboxview.h"
 
-#include <vxstyles/vxiconhelper.h>
 #include <vxwidgets/vxtreebox.h>
 #include <vxwidgets/vxtreeviewdelegate.h>
 
@@ -112,7 +112,7 @@ void VXTreeBox::paintEvent(QPaintEvent *)
     initStyleOption(&option);
     if (!option.currentIcon.isNull()) {
         const QColor color = palette().color(QPalette::ButtonText);
-        option.currentIcon = VXIconHelper::pixmap(option.currentIcon, option.iconSize, color);
+        option.currentIcon = tintedIcon(option.currentIcon, option.iconSize, color);
     }
     option.currentText = labelText(option);
 
@@ -161,9 +161,10 @@ void VXTreeBox::chooseByUser(const QModelIndex &index)
 
 void VXTreeBox::revealCurrent()
 {
-    m_tree->expand(m_defaultRoot);
-    for (QModelIndex parent = currentModelIndex().parent(); parent.isValid(); parent = parent.parent())
-        m_tree->expand(parent);
+    for (QModelIndex node : {QModelIndex(m_defaultRoot), currentModelIndex().parent()}) {
+        for (; node.isValid(); node = node.parent())
+            m_tree->expand(node);
+    }
 }
 
 void VXTreeBox::preparePopup()
@@ -191,11 +192,13 @@ QRect VXTreeBox::popupGeometry() const
     const int below = available.bottom() - box.bottom();
 
     const int rowHeight = m_tree->sizeHintForIndex(firstNode()).height();
-    const int wanted = popupRowCount() * rowHeight + 2 * m_tree->frameWidth();
+    const int frame = static_cast<QFrame *>(m_tree->parentWidget())->frameWidth();
+    const int wanted = popupRowCount() * rowHeight + 2 * frame;
     const bool opensDown = wanted <= below || below >= above;
     const int height = qMax(qMin(wanted, opensDown ? below : above), minimumPopupRows * rowHeight);
 
-    const int contents = m_tree->sizeHintForColumn(0) + m_tree->verticalScrollBar()->sizeHint().width();
+    const int scrollBar = m_tree->verticalScrollBar()->sizeHint().width();
+    const int contents = m_tree->sizeHintForColumn(0) + scrollBar + 2 * frame;
     const int widest = qMax(box.width(), available.width() / 2);
     const int width = qMin(qMax(qMax(box.width(), minimumPopupWidth), contents), widest);
     const int left = isRightToLeft() ? box.right() + 1 - width : box.left();

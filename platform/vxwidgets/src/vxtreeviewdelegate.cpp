@@ -1,6 +1,6 @@
 #include "singleline.h"
+#include "tintedicon.h"
 
-#include <vxstyles/vxiconhelper.h>
 #include <vxwidgets/vxtreeviewdelegate.h>
 
 #include <QAbstractItemView>
@@ -23,16 +23,6 @@ void greyOut(QPalette *palette)
     const QColor grey = palette->color(QPalette::Disabled, QPalette::Text);
     palette->setColor(QPalette::Active, QPalette::Text, grey);
     palette->setColor(QPalette::Inactive, QPalette::Text, grey);
-}
-
-/// Styles wash the icons of selected and disabled rows; this one has its colour already.
-QIcon inOneColor(const QIcon &icon, const QSize &size, const QColor &color)
-{
-    const QPixmap pixmap = VXIconHelper::pixmap(icon, size, color);
-    QIcon result;
-    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected, QIcon::Disabled})
-        result.addPixmap(pixmap, mode);
-    return result;
 }
 } // namespace
 
@@ -66,6 +56,7 @@ bool VXTreeViewDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, c
 
 void VXTreeViewDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
+    const QSize iconSize = option->decorationSize;
     QStyledItemDelegate::initStyleOption(option, index);
     if (!(index.flags() & Qt::ItemIsSelectable))
         greyOut(&option->palette);
@@ -73,9 +64,13 @@ void VXTreeViewDelegate::initStyleOption(QStyleOptionViewItem *option, const QMo
     // The selection shows where the keyboard is; a frame around it adds nothing.
     option->state.setFlag(QStyle::State_HasFocus, !isSelected && option->state & QStyle::State_HasFocus);
 
-    if (!option->icon.isNull()) {
+    const QVariant icon = index.data(Qt::DecorationRole);
+    if (icon.type() == QVariant::Icon) {
         const QPalette::ColorRole role = isSelected ? QPalette::HighlightedText : QPalette::Text;
-        option->icon =
-            inOneColor(option->icon, option->decorationSize, option->palette.color(colorGroup(*option), role));
+        const QColor color = option->palette.color(colorGroup(*option), role);
+        // The place of an icon that the theme does not have is kept, so that names stand below each other.
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = iconSize;
+        option->icon = tintedIcon(icon.value<QIcon>(), iconSize, color);
     }
 }

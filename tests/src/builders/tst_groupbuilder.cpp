@@ -7,7 +7,9 @@
 
 #include <vxsettings/dbkeys.h>
 
+#include <QApplication>
 #include <QGroupBox>
+#include <QProxyStyle>
 #include <QRegularExpression>
 
 #include <functional>
@@ -31,6 +33,39 @@ public:
 private:
     inline static std::function<void(const QString &)> s_look;
     QtMessageHandler m_previous;
+};
+
+/// Makes the application's style leave unusual spaces in layouts, for its lifetime.
+class SpaciousStyle
+{
+public:
+    SpaciousStyle() { QApplication::setStyle(new Style); }
+    ~SpaciousStyle() { QApplication::setStyle("fusion"); }
+
+private:
+    class Style : public QProxyStyle
+    {
+    public:
+        Style()
+            : QProxyStyle("fusion")
+        {}
+
+        int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+        {
+            switch (metric) {
+            case PM_LayoutHorizontalSpacing:
+            case PM_LayoutVerticalSpacing:
+                return 17;
+            case PM_LayoutLeftMargin:
+            case PM_LayoutTopMargin:
+            case PM_LayoutRightMargin:
+            case PM_LayoutBottomMargin:
+                return 19;
+            default:
+                return QProxyStyle::pixelMetric(metric, option, widget);
+            }
+        }
+    };
 };
 
 bool isTintedBlack(const QImage &image)
@@ -79,7 +114,8 @@ private Q_SLOTS:
     void frameIsFilledCollapsed();
     void bodyEndsWithAnEmptySplitter();
     void gridSpacing();
-    void editorsAreParentedBelowTheFrame();
+    void editorsAreMadeInTheFrame();
+    void editorsEndUpInTheGrid();
     void rootReceivesNothingButTheFrame();
     void everyParameterKnowsTheRootWidget_data();
     void everyParameterKnowsTheRootWidget();
@@ -244,6 +280,7 @@ void TestGroupBuilder::bodyEndsWithAnEmptySplitter()
 
 void TestGroupBuilder::gridSpacing()
 {
+    const SpaciousStyle style;
     QWidget page;
     QWidget plain(&page);
     const QGridLayout untouched(&plain);
@@ -252,11 +289,29 @@ void TestGroupBuilder::gridSpacing()
 
     const QGridLayout *grid = inspect::grid(inspect::frame(*node));
     QCOMPARE(grid->verticalSpacing(), 6);
-    QCOMPARE(grid->horizontalSpacing(), untouched.horizontalSpacing());
-    QCOMPARE(grid->contentsMargins(), untouched.contentsMargins());
+    QCOMPARE(grid->horizontalSpacing(), 17);
+    QCOMPARE(grid->contentsMargins(), QMargins(19, 19, 19, 19));
+    QCOMPARE(untouched.verticalSpacing(), 17);
 }
 
-void TestGroupBuilder::editorsAreParentedBelowTheFrame()
+void TestGroupBuilder::editorsAreMadeInTheFrame()
+{
+    QWidget page;
+    LoggingRules rules("gui.lib.dbsettings.debug=true");
+    GroupBuilder builder(DBGroups::FaceScanning, &page, nullptr);
+    QStringList parents;
+    {
+        MessageWatch watch([&](const QString &text) {
+            const DBParamWidget *editor = inspect::editor(&page, ENROLL_FACE_MIN_SIZE);
+            if (editor && text == "10 1024")
+                parents << editor->parent()->metaObject()->className();
+        });
+        builder.createWidget();
+    }
+    QCOMPARE(parents, QStringList("VXSettingsGroupWidget"));
+}
+
+void TestGroupBuilder::editorsEndUpInTheGrid()
 {
     QWidget page;
     GroupBuilder builder(DBGroups::Employees, &page, nullptr);

@@ -8,6 +8,7 @@
 #include <vxsettings/dbkeys.h>
 
 #include <QPointer>
+#include <QTextCodec>
 
 using namespace db::database;
 
@@ -42,6 +43,8 @@ private Q_SLOTS:
     void unreadableMemberIsInvalid_data();
     void unreadableMemberIsInvalid();
     void missingTextIsInvalid();
+    void localEncodingDecides_data();
+    void localEncodingDecides();
     void memberIsNoStoredKey();
     void objectBelongsToTheGroup_data();
     void objectBelongsToTheGroup();
@@ -142,6 +145,28 @@ void TestJsonParamBuilder::missingTextIsInvalid()
 {
     StoredSettings stored({{PIN_STRENGTH.toLower(), "{\"min_len\": 8}"}, {PASSWORD_STRENGTH, "{\"min_len\": 9}"}});
     QVERIFY(!valueOfMinLen().isValid());
+}
+
+void TestJsonParamBuilder::localEncodingDecides_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QVariant>("value");
+
+    QTest::newRow("UTF-8") << QByteArray("UTF-8") << QVariant("восемь");
+    // An encoding without these letters has a question mark for each, one with them has no UTF-8 for the parser.
+    QTest::newRow("Latin-1") << QByteArray("ISO-8859-1") << QVariant("??????");
+    QTest::newRow("Cyrillic") << QByteArray("KOI8-R") << QVariant();
+}
+
+void TestJsonParamBuilder::localEncodingDecides()
+{
+    QFETCH(QByteArray, encoding);
+    StoredSettings stored({{PIN_STRENGTH, "{\"min_len\": \"восемь\"}"}});
+    QTextCodec *const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName(encoding));
+    const QVariant given = valueOfMinLen();
+    QTextCodec::setCodecForLocale(before);
+    QTEST(given, "value");
 }
 
 void TestJsonParamBuilder::memberIsNoStoredKey()

@@ -406,7 +406,9 @@ void TestParamBuilder::storedTextIsHandedOverAsItIs_data()
     QTest::newRow("markup") << "<b>25</b>&amp;";
     QTest::newRow("empty") << "";
     QTest::newRow("one blank") << " ";
-    QTest::newRow("zero character") << QString::fromLatin1("2\0" "5", 3);
+    QTest::newRow("zero character") << QString::fromLatin1("2\0"
+                                                           "5",
+                                                           3);
     QTest::newRow("lone surrogate") << QString(QChar(0xD800));
     QTest::newRow("beyond the basic plane") << QString::fromUtf8("\xF0\x9F\x94\x91");
     QTest::newRow("JSON object") << "{\"PT_MAX_CARD_COUNT\": 1}";

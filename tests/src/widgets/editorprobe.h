@@ -26,8 +26,9 @@ class HeardSignals
 public:
     explicit HeardSignals(const DBParamWidget &editor)
     {
-        QObject::connect(&editor, &DBParamWidget::paramChanged, &m_context,
-                         [this](const QString &key, const QVariant &value) { m_heard << key + ": " + described(value); });
+        QObject::connect(
+            &editor, &DBParamWidget::paramChanged, &m_context,
+            [this](const QString &key, const QVariant &value) { m_heard << key + ": " + described(value); });
         QObject::connect(&editor, &DBParamWidget::commitData, &m_context, [this] { m_heard << "commit"; });
     }
     Q_DISABLE_COPY(HeardSignals)

@@ -286,9 +286,8 @@ void TestDBButtonWidget::anythingElseChangesNothing_data()
 {
     QTest::addColumn<DialogAction>("action");
     QTest::newRow("Escape") << DialogAction([](auto *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
-    QTest::newRow("click on Cancel") << DialogAction([](auto *dialog) {
-        QTest::mouseClick(dialogButton(dialog, QDialogButtonBox::Cancel), Qt::LeftButton);
-    });
+    QTest::newRow("click on Cancel") << DialogAction(
+        [](auto *dialog) { QTest::mouseClick(dialogButton(dialog, QDialogButtonBox::Cancel), Qt::LeftButton); });
     QTest::newRow("window closed") << DialogAction([](auto *dialog) { dialog->close(); });
     QTest::newRow("a result that is neither") << DialogAction([](auto *dialog) { dialog->done(2); });
     QTest::newRow("hidden") << DialogAction([](auto *dialog) { dialog->hide(); });

@@ -117,7 +117,8 @@ void TestDBLineEditWidget::setValueShowsBeforeItStores()
     Bared<DBLineEditWidget> editor(nullptr);
     editor.setValue("old");
     QString storedMeanwhile;
-    connect(lineEdit(editor), &QLineEdit::textChanged, this, [&] { storedMeanwhile = described(editor.storedValue()); });
+    connect(lineEdit(editor), &QLineEdit::textChanged, this,
+            [&] { storedMeanwhile = described(editor.storedValue()); });
     editor.setValue("new");
     QCOMPARE(storedMeanwhile, QString("QString old"));
     QCOMPARE(described(editor.storedValue()), QString("QString new"));

@@ -1,6 +1,7 @@
 #include <vxsettings/dbobjselectorwidget.h>
 
 #include "editorprobe.h"
+#include "loggingrules.h"
 #include "messages.h"
 #include "storedsettings.h"
 
@@ -11,7 +12,6 @@
 #include <vxwidgets/vxtreeviewdelegate.h>
 
 #include <QLabel>
-#include <QLoggingCategory>
 #include <QRegularExpression>
 #include <QTreeView>
 
@@ -24,9 +24,12 @@ class TestDBObjSelectorWidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { failOnUnexpectedMessages(); }
 
-    void metaObjectAddsOnlyTheName() { compareMetaObject(DBObjSelectorWidget::staticMetaObject, "DBObjSelectorWidget"); }
+    void metaObjectAddsOnlyTheName()
+    {
+        compareMetaObject(DBObjSelectorWidget::staticMetaObject, "DBObjSelectorWidget");
+    }
     void freshEditor_data();
     void freshEditor();
     void captionIsOnTheFrame();
@@ -69,6 +72,9 @@ private Q_SLOTS:
     void brokenSlotDoesNothing_data() { addBrokenSlotRows(); }
     void brokenSlotDoesNothing();
     void renamedSelectorStillAnnouncesItsChoice();
+
+private:
+    const LoggingRules m_quiet{"gui.lib.dbsettings.debug=false"};
 };
 
 namespace {
@@ -77,16 +83,11 @@ constexpr char orgstructure[] = "orgstructure";
 constexpr char profiles[] = "smartcard_profile_dataname";
 
 const Objects company = {
-    {1, 0, "OT_SUBJECTROOT", "Организация"},
-    {2, 1, "OT_FIRM", "Завод"},
-    {21, 2, "OT_DEPARTMENT", "Цех"},
-    {22, 2, "OT_DEPARTMENT", "Склад"},
-    {3, 1, "OT_FIRM", "Институт"},
-    {31, 3, "OT_DEPARTMENT", "Лаборатория"},
-    {42, 31, "OT_DEPARTMENT", "Группа"},
-    {43, 42, "OT_DEPARTMENT", "Подгруппа"},
-    {50, 21, "OT_WORKER", "Работник"},
-    {60, 1, "OT_FIRM", "Тайная фирма", false},
+    {1, 0, "OT_SUBJECTROOT", "Организация"}, {2, 1, "OT_FIRM", "Завод"},
+    {21, 2, "OT_DEPARTMENT", "Цех"},         {22, 2, "OT_DEPARTMENT", "Склад"},
+    {3, 1, "OT_FIRM", "Институт"},           {31, 3, "OT_DEPARTMENT", "Лаборатория"},
+    {42, 31, "OT_DEPARTMENT", "Группа"},     {43, 42, "OT_DEPARTMENT", "Подгруппа"},
+    {50, 21, "OT_WORKER", "Работник"},       {60, 1, "OT_FIRM", "Тайная фирма", false},
 };
 const Objects cards = {{7, 0, "OT_SMARTCARD_PROFILE", "Пропуск"}, {8, 0, "OT_SMARTCARD_PROFILE", "Гость"}};
 
@@ -109,12 +110,6 @@ Objects family(int childCount, const QString &childType = "OT_FIRM", bool grante
     return objects;
 }
 
-Objects operator+(Objects left, const Objects &right)
-{
-    left.append(right);
-    return left;
-}
-
 bool show(DBParamWidget &editor)
 {
     editor.setKey("PT_ORG");
@@ -135,14 +130,14 @@ QStringList choosable(const QAbstractItemModel &model, const QModelIndex &parent
     return names;
 }
 
+/// Keeps what is logged during its lifetime, debug messages of the library included.
+class CapturedDebugMessages : public CapturedMessages
+{
+    const LoggingRules m_loud{"gui.lib.dbsettings.debug=true"};
+};
+
 using BaredSelector = Bared<DBObjSelectorWidget>;
 } // namespace
-
-void TestDBObjSelectorWidget::initTestCase()
-{
-    failOnUnexpectedMessages();
-    QLoggingCategory::setFilterRules("gui.lib.dbsettings.debug=true");
-}
 
 void TestDBObjSelectorWidget::freshEditor_data()
 {
@@ -231,8 +226,8 @@ void TestDBObjSelectorWidget::height_data()
     QTest::newRow("twelve children") << orgstructure << family(12) << 200;
     QTest::newRow("children that are not offered") << orgstructure << family(7, "OT_WORKER") << 140;
     QTest::newRow("children that must not be seen") << orgstructure << family(7, "OT_FIRM", false) << 140;
-    QTest::newRow("second top does not count") << orgstructure << Objects{{2, 0, "OT_SUBJECTROOT", ""}} + family(7)
-                                               << 100;
+    QTest::newRow("second top does not count")
+        << orgstructure << Objects{{2, 0, "OT_SUBJECTROOT", ""}} + family(7) << 100;
     QTest::newRow("grandchildren do not count")
         << orgstructure << Objects{{3, 0, "OT_SUBJECTROOT", ""}, {1, 3, "OT_FIRM", ""}} + family(7).mid(1) << 100;
     QTest::newRow("profiles") << profiles << family(7, "OT_SMARTCARD_PROFILE") << 140;
@@ -308,22 +303,38 @@ void TestDBObjSelectorWidget::setValueChooses_data()
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QString>("name");
-    QTest::newRow("unsigned number") << QVariant(42u) << "uint 42" << "Группа";
-    QTest::newRow("signed number") << QVariant(42) << "uint 42" << "Группа";
-    QTest::newRow("text") << QVariant("42") << "uint 42" << "Группа";
-    QTest::newRow("text with blanks") << QVariant(" 42 ") << "uint 42" << "Группа";
-    QTest::newRow("long number") << QVariant(Q_UINT64_C(42)) << "uint 42" << "Группа";
-    QTest::newRow("fraction rounds") << QVariant(41.6) << "uint 42" << "Группа";
-    QTest::newRow("top") << QVariant(1u) << "uint 1" << "Организация";
-    QTest::newRow("truth is 1") << QVariant(true) << "uint 1" << "Организация";
-    QTest::newRow("zero") << QVariant(0u) << "uint 0" << "";
-    QTest::newRow("text of zero") << QVariant("0") << "uint 0" << "";
-    QTest::newRow("unknown") << QVariant(999u) << "uint 0" << "";
-    QTest::newRow("not to be chosen") << QVariant(50u) << "uint 0" << "";
-    QTest::newRow("not to be seen") << QVariant(60u) << "uint 0" << "";
-    QTest::newRow("highest number") << QVariant(4294967295u) << "uint 0" << "";
-    QTest::newRow("negative number") << QVariant(-1) << "uint 0" << "";
-    QTest::newRow("text beyond an unsigned int") << QVariant("4294967338") << "uint 42" << "Группа";
+    QTest::newRow("unsigned number") << QVariant(42u) << "uint 42"
+                                     << "Группа";
+    QTest::newRow("signed number") << QVariant(42) << "uint 42"
+                                   << "Группа";
+    QTest::newRow("text") << QVariant("42") << "uint 42"
+                          << "Группа";
+    QTest::newRow("text with blanks") << QVariant(" 42 ") << "uint 42"
+                                      << "Группа";
+    QTest::newRow("long number") << QVariant(Q_UINT64_C(42)) << "uint 42"
+                                 << "Группа";
+    QTest::newRow("fraction rounds") << QVariant(41.6) << "uint 42"
+                                     << "Группа";
+    QTest::newRow("top") << QVariant(1u) << "uint 1"
+                         << "Организация";
+    QTest::newRow("truth is 1") << QVariant(true) << "uint 1"
+                                << "Организация";
+    QTest::newRow("zero") << QVariant(0u) << "uint 0"
+                          << "";
+    QTest::newRow("text of zero") << QVariant("0") << "uint 0"
+                                  << "";
+    QTest::newRow("unknown") << QVariant(999u) << "uint 0"
+                             << "";
+    QTest::newRow("not to be chosen") << QVariant(50u) << "uint 0"
+                                      << "";
+    QTest::newRow("not to be seen") << QVariant(60u) << "uint 0"
+                                    << "";
+    QTest::newRow("highest number") << QVariant(4294967295u) << "uint 0"
+                                    << "";
+    QTest::newRow("negative number") << QVariant(-1) << "uint 0"
+                                     << "";
+    QTest::newRow("text beyond an unsigned int") << QVariant("4294967338") << "uint 42"
+                                                 << "Группа";
 }
 
 void TestDBObjSelectorWidget::setValueChooses()
@@ -450,9 +461,8 @@ void TestDBObjSelectorWidget::valueIsStoredBeforeTheSignals()
     const StoredObjects stored(orgstructure, company);
     BaredSelector editor(orgstructure, nullptr);
     QStringList meanwhile;
-    connect(&editor, &DBParamWidget::paramChanged, this, [&] {
-        meanwhile << described(editor.storedValue()) << described(editor.value());
-    });
+    connect(&editor, &DBParamWidget::paramChanged, this,
+            [&] { meanwhile << described(editor.storedValue()) << described(editor.value()); });
     editor.setValue("42");
     QCOMPARE(meanwhile, QStringList({"QString 42", "uint 42"}));
 }
@@ -520,7 +530,7 @@ void TestDBObjSelectorWidget::choiceInThePopup()
 void TestDBObjSelectorWidget::constructionLogsTheView()
 {
     const StoredObjects stored(orgstructure, company);
-    const CapturedMessages messages;
+    const CapturedDebugMessages messages;
     const DBObjSelectorWidget editor(orgstructure, nullptr);
 
     QCOMPARE(messages.count(), 1);
@@ -541,8 +551,8 @@ void TestDBObjSelectorWidget::setValueLogs_data()
     QTest::addColumn<QStringList>("texts");
     QTest::newRow("same object") << QVariant(42u) << QStringList("Setting value for selector QVariant(uint, 42)");
     QTest::newRow("other object") << QVariant("22")
-                                  << QStringList({"Setting value for selector QVariant(QString, \"22\")",
-                                                  "Changing data 1"});
+                                  << QStringList(
+                                         {"Setting value for selector QVariant(QString, \"22\")", "Changing data 1"});
     QTest::newRow("no object") << QVariant(0)
                                << QStringList({"Setting value for selector QVariant(int, 0)", "Changing data -1"});
     QTest::newRow("any text") << QVariant("abc")
@@ -560,7 +570,7 @@ void TestDBObjSelectorWidget::setValueLogs()
     DBObjSelectorWidget editor(orgstructure, nullptr);
     editor.setValue(42u);
 
-    const CapturedMessages messages;
+    const CapturedDebugMessages messages;
     editor.setValue(value);
     QTEST(messages.texts(), "texts");
     for (const CapturedMessage &message : messages.all()) {
@@ -579,7 +589,7 @@ void TestDBObjSelectorWidget::changeLogsBeforeTheSignals()
 {
     const StoredObjects stored(orgstructure, company);
     DBObjSelectorWidget editor(orgstructure, nullptr);
-    const CapturedMessages messages;
+    const CapturedDebugMessages messages;
     QStringList loggedMeanwhile;
     connect(&editor, &DBParamWidget::paramChanged, this, [&] { loggedMeanwhile = messages.texts(); });
     editor.setValue(1u);
@@ -589,12 +599,10 @@ void TestDBObjSelectorWidget::changeLogsBeforeTheSignals()
 void TestDBObjSelectorWidget::nothingIsLoggedWhenDebugIsOff()
 {
     const StoredObjects stored(orgstructure, company);
-    QLoggingCategory::setFilterRules("gui.lib.dbsettings.debug=false");
     const CapturedMessages messages;
     DBObjSelectorWidget editor(orgstructure, nullptr);
     editor.setValue("abc");
     editor.setValue(42u);
-    QLoggingCategory::setFilterRules("gui.lib.dbsettings.debug=true");
     QCOMPARE(messages.texts(), QStringList());
     QCOMPARE(described(editor.value()), QString("uint 42"));
 }
@@ -651,7 +659,7 @@ void TestDBObjSelectorWidget::brokenSlotDoesNothing()
     QWidget *input = breakSlot<VXTreeBox>(editor, brokenSlot);
     HeardSignals heard(editor);
 
-    const CapturedMessages messages;
+    const CapturedDebugMessages messages;
     editor.setValue("8");
     QCOMPARE(messages.texts(), QStringList("Setting value for selector QVariant(QString, \"8\")"));
     QCOMPARE(described(editor.storedValue()), QString("uint 7"));

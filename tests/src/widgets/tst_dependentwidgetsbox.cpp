@@ -329,8 +329,7 @@ void TestDependentWidgetsBox::header()
     QVERIFY(iconPixmap(box).isNull());
     const auto *title = box.findChild<QLabel *>("lbName");
     QCOMPARE(title->text(), QString("Название группы"));
-    QCOMPARE(title->styleSheet(),
-             QString("color: #7B7B7B; font-size: 12px; font-style: normal; font-weight: 500;"));
+    QCOMPARE(title->styleSheet(), QString("color: #7B7B7B; font-size: 12px; font-style: normal; font-weight: 500;"));
 }
 
 void TestDependentWidgetsBox::frameOfTheColumn()
@@ -342,8 +341,8 @@ void TestDependentWidgetsBox::frameOfTheColumn()
 
 void TestDependentWidgetsBox::formIsTranslated()
 {
-    const InstalledTranslation english({{"DependentWidgetsBox", "Form", "A form"},
-                                        {"DependentWidgetsBox", "Название группы", "Group name"}});
+    const InstalledTranslation english(
+        {{"DependentWidgetsBox", "Form", "A form"}, {"DependentWidgetsBox", "Название группы", "Group name"}});
     const DependentWidgetsBox box(nullptr);
     QCOMPARE(box.windowTitle(), QString("A form"));
     QCOMPARE(box.findChild<QLabel *>("lbName")->text(), QString("Group name"));
@@ -671,10 +670,14 @@ void TestDependentWidgetsBox::innerClick_data()
     QTest::addColumn<QString>("heard");
     QTest::addColumn<Qt::CheckState>("state");
     const auto flags = [](bool a, bool b, bool c) { return QJsonObject{{"a", a}, {"b", b}, {"c", c}}; };
-    QTest::newRow("first one on") << flags(false, false, false) << "a" << "a 1" << Qt::PartiallyChecked;
-    QTest::newRow("last one on") << flags(true, false, true) << "b" << "b 1" << Qt::Checked;
-    QTest::newRow("first one off") << flags(true, true, true) << "c" << "c 0" << Qt::PartiallyChecked;
-    QTest::newRow("last one off") << flags(false, true, false) << "b" << "b 0" << Qt::Unchecked;
+    QTest::newRow("first one on") << flags(false, false, false) << "a"
+                                  << "a 1" << Qt::PartiallyChecked;
+    QTest::newRow("last one on") << flags(true, false, true) << "b"
+                                 << "b 1" << Qt::Checked;
+    QTest::newRow("first one off") << flags(true, true, true) << "c"
+                                   << "c 0" << Qt::PartiallyChecked;
+    QTest::newRow("last one off") << flags(false, true, false) << "b"
+                                  << "b 0" << Qt::Unchecked;
 }
 
 void TestDependentWidgetsBox::innerClick()

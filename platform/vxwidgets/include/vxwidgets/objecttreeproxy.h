@@ -59,6 +59,7 @@ private:
     QPointer<ObjectModel> m_objects; // the source model
     QStringList m_types;
     bool m_acceptsParents = false;
+    bool m_isFilterChanging = false;
     mutable std::vector<bool> m_parentsOfShown; // by number; found when first needed
     mutable int m_parentsRevision = -1;         // of the source model when they were found
 };

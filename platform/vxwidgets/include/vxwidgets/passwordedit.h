@@ -7,7 +7,8 @@
 /// A masked line edit with an eye at its end that reveals the text for as long as the edit can be seen and edited.
 ///
 /// Hiding, disabling or making the edit read-only masks the text again. Undo never brings back what was typed before
-/// the last change between masked and revealed. The eye is made when the edit is polished for its first show.
+/// the last change between masked and revealed. The constructor leaves the eye to the first polishing, which comes at
+/// the latest when the edit is first shown.
 class VXWIDGETS_EXPORT PasswordEdit : public QLineEdit
 {
     Q_OBJECT

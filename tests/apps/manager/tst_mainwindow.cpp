@@ -1,0 +1,460 @@
+#include "mainwindow.h"
+
+#include "host/editors.h"
+#include "host/testdatabase.h"
+#include "messages.h"
+#include "modalanswer.h"
+#include "pagelist.h"
+
+#include <host/hostenvironment.h>
+#include <host/settingscontroller.h>
+#include <host/settingspages.h>
+#include <host/settingsstore.h>
+
+#include <vxsettings/dbkeys.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <memory>
+
+using namespace db::database;
+
+/// The manager's window on a database, shown.
+class Window
+{
+public:
+    explicit Window(const TestDatabase &database)
+        : controller(store)
+    {
+        auto error = store.open(database.path());
+        if (!error)
+            error = controller.load();
+        if (error)
+            throw std::runtime_error(error->text().toStdString());
+        window = std::make_unique<MainWindow>(controller, database.path());
+        window->show();
+        if (!QTest::qWaitForWindowExposed(window.get()))
+            throw std::runtime_error("no window");
+    }
+
+    PageList *list() const { return window->findChild<PageList *>(); }
+    QWidget *page() const { return window->findChild<QStackedWidget *>()->currentWidget(); }
+    QPushButton *save() const { return window->findChild<QPushButton *>("saveButton"); }
+    QPushButton *revert() const { return window->findChild<QPushButton *>("revertButton"); }
+    QString changeText() const { return window->findChild<QLabel *>("changeLabel")->text(); }
+
+    /// Goes to a page with the mouse.
+    QWidget *go(DBGroups group) const
+    {
+        for (int row = 0; row < list()->count(); ++row) {
+            if (settingsPages[row].group == group)
+                QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
+                                  list()->visualItemRect(list()->item(row)).center());
+        }
+        return page();
+    }
+    template <typename Input>
+    Input *input(const QString &key) const
+    {
+        return editors::input<Input>(window.get(), key);
+    }
+    void typeHost(const QString &text) const
+    {
+        go(DBGroups::Connection);
+        editors::retype(input<QLineEdit>(MOBILE_HOST), text);
+    }
+    bool isMarked(int row) const { return list()->item(row)->font().bold(); }
+
+    SettingsStore store;
+    SettingsController controller;
+    std::unique_ptr<MainWindow> window;
+};
+
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void aPageIsBuiltWhenItIsFirstShown();
+    void aFreshWindowHasNothingToSave();
+    void anEditIsShownEverywhere();
+    void anEditPutBackIsNoChange();
+    void savingWritesAndCalmsDown();
+    void ctrlSSaves();
+    void revertBringsEverythingBack();
+    void aDependentFollows();
+    void theLastPageAndTheSizeAreRemembered();
+    void closingWithoutChangesAsksNothing();
+    void closingWithChangesAsks_data();
+    void closingWithChangesAsks();
+    void closingSavesOnlyWhatCanBeSaved();
+    void aConflictCanBeOverwritten();
+    void aConflictCanBeLeft();
+    void aConflictCanBeReloaded();
+    void unreadableJsonAsks_data();
+    void unreadableJsonAsks();
+    void aFailedSaveIsShown();
+    void nothingIsCutOff_data();
+    void nothingIsCutOff();
+    void theKeyboardReachesEverything();
+
+private:
+    QTemporaryDir m_config;
+};
+
+void TestMainWindow::initTestCase()
+{
+    failOnUnexpectedMessages();
+    HostEnvironment::prepare();
+    QCoreApplication::setOrganizationName("vxsettings-tests");
+    QCoreApplication::setApplicationName("tst_mainwindow");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_config.path());
+}
+
+void TestMainWindow::init()
+{
+    QSettings().clear();
+}
+
+void TestMainWindow::aPageIsBuiltWhenItIsFirstShown()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QCOMPARE(window.list()->chosen(), DBGroups::Database);
+    QVERIFY(window.input<QLineEdit>(VERSION));
+    QVERIFY(!window.input<QLineEdit>(MOBILE_HOST));
+
+    QWidget *connection = window.go(DBGroups::Connection);
+    const auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QVERIFY(host && host->isVisible());
+    window.go(DBGroups::Users);
+    QVERIFY(!host->isVisible());
+    QCOMPARE(window.go(DBGroups::Connection), connection);
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST), host);
+
+    for (const SettingsPageName &page : settingsPages)
+        window.go(page.group);
+    QCOMPARE(window.window->findChild<QStackedWidget *>()->count(), 12);
+    QVERIFY(!window.controller.hasChanges());
+}
+
+void TestMainWindow::aFreshWindowHasNothingToSave()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QVERIFY(!window.save()->isEnabled());
+    QVERIFY(!window.revert()->isEnabled());
+    QVERIFY(!window.window->isWindowModified());
+    QCOMPARE(window.changeText(), QString("Несохранённых изменений нет"));
+    QVERIFY(window.window->windowTitle().contains("installation.db[*]"));
+    QVERIFY(!window.window->windowIcon().isNull());
+}
+
+void TestMainWindow::anEditIsShownEverywhere()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("h");
+    QVERIFY(window.save()->isEnabled());
+    QVERIFY(window.revert()->isEnabled());
+    QVERIFY(window.window->isWindowModified());
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QVERIFY(window.isMarked(8));
+    QVERIFY(!window.isMarked(7));
+
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 2"));
+    QVERIFY(window.isMarked(2) && window.isMarked(8));
+}
+
+void TestMainWindow::anEditPutBackIsNoChange()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("h");
+    window.typeHost("mobile.installation.example");
+    QVERIFY(!window.save()->isEnabled());
+    QVERIFY(!window.window->isWindowModified());
+    QVERIFY(!window.isMarked(8));
+}
+
+void TestMainWindow::savingWritesAndCalmsDown()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
+    QVERIFY(!window.save()->isEnabled());
+    QVERIFY(!window.revert()->isEnabled());
+    QVERIFY(!window.window->isWindowModified());
+    QVERIFY(!window.isMarked(8));
+
+    const Window again(database);
+    again.go(DBGroups::Connection);
+    QCOMPARE(again.input<QLineEdit>(MOBILE_HOST)->text(), QString("saved"));
+}
+
+void TestMainWindow::ctrlSSaves()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.typeHost("saved by keys");
+    QTest::keyClick(window.window->windowHandle(), Qt::Key_S, Qt::ControlModifier);
+    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("saved by keys"));
+    QVERIFY(!window.window->isWindowModified());
+}
+
+void TestMainWindow::revertBringsEverythingBack()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("h");
+    window.go(DBGroups::Employees);
+    editors::click(window.input<QCheckBox>(json::DENY_EQUAL));
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 2"));
+
+    QTest::mouseClick(window.revert(), Qt::LeftButton);
+    QVERIFY(!window.revert()->isEnabled());
+    QVERIFY(!window.window->isWindowModified());
+    QVERIFY(window.input<QCheckBox>(json::DENY_EQUAL)->isChecked());
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::aDependentFollows()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.go(DBGroups::FaceScanning);
+    QVERIFY(!window.input<QSpinBox>(ENROLL_FACE_MIN_SIZE)->isEnabled());
+    QTest::keyClick(window.input<QComboBox>(ENABLE_FACE_SCANNING), Qt::Key_Down);
+    QVERIFY(window.input<QSpinBox>(ENROLL_FACE_MIN_SIZE)->isEnabled());
+}
+
+void TestMainWindow::theLastPageAndTheSizeAreRemembered()
+{
+    const TestDatabase database;
+    {
+        const Window window(database);
+        QCOMPARE(window.window->size(), QSize(1024, 700));
+        window.window->resize(780, 520);
+        window.go(DBGroups::PalmScanning);
+        window.window->close();
+    }
+    const Window window(database);
+    QCOMPARE(window.list()->chosen(), DBGroups::PalmScanning);
+    QVERIFY(window.input<QWidget>(ENROLL_PALM_QUALITY));
+    QCOMPARE(window.window->size(), QSize(780, 520));
+}
+
+void TestMainWindow::closingWithoutChangesAsksNothing()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const ModalAnswer answer("Вернуться");
+    QVERIFY(window.window->close());
+    QVERIFY(!answer.wasGiven());
+}
+
+void TestMainWindow::closingWithChangesAsks_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("closed");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("save") << "Сохранить" << true << "edited";
+    QTest::newRow("discard") << "Не сохранять" << true << "mobile.installation.example";
+    QTest::newRow("stay") << "Вернуться" << false << "mobile.installation.example";
+}
+
+void TestMainWindow::closingWithChangesAsks()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, closed);
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("edited");
+    const ModalAnswer answer(button);
+    QCOMPARE(window.window->close(), closed);
+    QVERIFY(answer.wasGiven());
+    QCOMPARE(window.window->isVisible(), !closed);
+    QTEST(database.stored(MOBILE_HOST), "stored");
+    if (!closed)
+        QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("edited"));
+}
+
+void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    database.store(MOBILE_HOST, "theirs");
+    const ModalAnswer answers(QStringList{"Сохранить", "Вернуться"});
+    QVERIFY(!window.window->close());
+    QVERIFY(answers.wasGiven());
+    QVERIFY(window.window->isVisible());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
+    QVERIFY(window.controller.hasChanges());
+}
+
+void TestMainWindow::aConflictCanBeOverwritten()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    database.store(MOBILE_HOST, "theirs");
+    const ModalAnswer answer("Записать мои");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QVERIFY2(answer.text().contains("Хост|«theirs»|«mine»"), qPrintable(answer.text()));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
+    QVERIFY(!window.window->isWindowModified());
+}
+
+void TestMainWindow::aConflictCanBeLeft()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    database.store(MOBILE_HOST, "theirs");
+    const ModalAnswer answer("Вернуться");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mine"));
+    QVERIFY(window.save()->isEnabled());
+}
+
+void TestMainWindow::aConflictCanBeReloaded()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.typeHost("mine");
+    database.store(MOBILE_HOST, "theirs");
+    const ModalAnswer answer("Перечитать базу");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QVERIFY(window.input<QLineEdit>(MOBILE_HOST)->isVisible());
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("theirs"));
+    QVERIFY(!window.window->isWindowModified());
+    QVERIFY(!window.isMarked(2));
+    window.go(DBGroups::Users);
+    QCOMPARE(window.input<QSpinBox>(PASSWORD_EXPIRED)->value(), 90);
+    QCOMPARE(window.window->findChild<QStackedWidget *>()->count(), 2);
+}
+
+void TestMainWindow::unreadableJsonAsks_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("replaced");
+    QTest::newRow("replace") << "Заменить" << true;
+    QTest::newRow("do not save") << "Не сохранять" << false;
+}
+
+void TestMainWindow::unreadableJsonAsks()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, replaced);
+    const TestDatabase database;
+    {
+        const Window created(database);
+    }
+    database.store(PIN_STRENGTH, "not JSON");
+    const Window window(database);
+    window.go(DBGroups::Employees);
+    editors::click(window.input<QCheckBox>(json::DENY_EQUAL));
+    const ModalAnswer answer(button);
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QVERIFY(answer.text().contains("PT_PIN_STRENGTH"));
+    QCOMPARE(database.stored(PIN_STRENGTH) != "not JSON", replaced);
+    QCOMPARE(window.save()->isEnabled(), !replaced);
+}
+
+void TestMainWindow::aFailedSaveIsShown()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("canary");
+    database.execute("ALTER TABLE settings RENAME TO gone");
+    const ModalAnswer answer("Закрыть");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QVERIFY(answer.text().contains(database.path()));
+    QVERIFY(!answer.text().contains("canary"));
+    QVERIFY(window.save()->isEnabled());
+}
+
+void TestMainWindow::nothingIsCutOff_data()
+{
+    QTest::addColumn<int>("group");
+    for (const SettingsPageName &page : settingsPages)
+        QTest::newRow(page.name) << int(page.group);
+}
+
+void TestMainWindow::nothingIsCutOff()
+{
+    QFETCH(int, group);
+    const TestDatabase database;
+    const Window window(database);
+    QFont font("Sans Serif");
+    font.setPixelSize(13); // 10 points at 96 dots an inch
+    QApplication::setFont(font);
+    window.window->resize(1024, 700);
+    auto *area = qobject_cast<QScrollArea *>(window.go(DBGroups(group)));
+
+    // Whatever does not fit can be scrolled to, and downwards all of it fits.
+    QVERIFY(area->widget()->width() >= area->widget()->minimumSizeHint().width());
+    QTRY_VERIFY(!area->verticalScrollBar()->isVisible());
+    const QWidget *bar = window.save()->parentWidget();
+    QVERIFY(bar->geometry().bottom() <= window.window->height());
+    QVERIFY(window.save()->width() >= window.save()->sizeHint().width());
+    QVERIFY(window.list()->sizeHintForColumn(0) <= window.list()->viewport()->width());
+}
+
+void TestMainWindow::theKeyboardReachesEverything()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    QVERIFY(QTest::qWaitForWindowActive(window.window.get()));
+    QTRY_VERIFY(window.list()->hasFocus());
+    for (int row = 0; row < 8; ++row)
+        QTest::keyClick(window.list(), Qt::Key_Down);
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QTest::keyClick(window.list(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), window.input<QWidget>(MOBILE_HOST));
+    QTest::keyClicks(QApplication::focusWidget(), "x");
+
+    QVector<QWidget *> visited;
+    while (!visited.contains(QApplication::focusWidget())) {
+        visited << QApplication::focusWidget();
+        QTest::keyClick(visited.last(), Qt::Key_Tab);
+    }
+    const QVector<QWidget *> order{window.input<QWidget>(MOBILE_HOST),
+                                   window.input<QWidget>(MOBILE_PORT),
+                                   window.input<QWidget>(LOCKER_ACCESS_TOKEN),
+                                   window.revert(),
+                                   window.save(),
+                                   window.list()};
+    QCOMPARE(visited, order);
+    QTest::keyClick(window.save(), Qt::Key_Space);
+    QCOMPARE(database.stored(MOBILE_HOST), QString("x"));
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"

@@ -1,0 +1,171 @@
+#include <host/databasefile.h>
+
+#include "messages.h"
+#include "testdatabase.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+#include <sys/stat.h>
+
+class TestDatabaseFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void problem_data();
+    void problem();
+    void aFileThatStartsLikeADatabaseHasNone();
+    void createdFileBelongsToItsOwnerAlone();
+    void createdFileAppearsWhenItIsComplete();
+    void foldersAreMade();
+    void failedFillLeavesNothing();
+    void aFileThatAppearedMeanwhileStays();
+    void createFails_data();
+    void createFails();
+};
+
+void TestDatabaseFile::initTestCase()
+{
+    failOnUnexpectedMessages();
+}
+
+void TestDatabaseFile::problem_data()
+{
+    QTest::addColumn<QString>("make"); // what stands at the path
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("folder") << "folder"
+                            << "Это папка, а не файл.";
+    QTest::newRow("link to nowhere") << "link"
+                                     << "Файла, на который указывает ссылка, нет.";
+    QTest::newRow("pipe") << "pipe"
+                          << "Это не обычный файл.";
+    QTest::newRow("empty file") << "empty"
+                                << "Файл пуст.";
+    QTest::newRow("text file") << "text"
+                               << "Файл не является базой данных SQLite.";
+    QTest::newRow("shorter than a signature") << "short"
+                                              << "Файл не является базой данных SQLite.";
+}
+
+void TestDatabaseFile::problem()
+{
+    QFETCH(QString, make);
+    const TestDatabase place;
+    if (make == "folder")
+        QVERIFY(QDir().mkdir(place.path()));
+    else if (make == "link")
+        QVERIFY(QFile::link(place.folder() + "/nowhere", place.path()));
+    else if (make == "pipe")
+        QCOMPARE(mkfifo(place.path().toUtf8().constData(), 0600), 0);
+    else
+        place.setBytes(make == "text" ? "[settings]\nthis is a text file\n" : make == "short" ? "SQLite" : "");
+
+    const DatabaseFile file(place.path());
+    QVERIFY(file.exists());
+    const auto problem = file.problem();
+    QVERIFY(problem);
+    QTEST(problem->reason, "reason");
+    QCOMPARE(problem->path, place.path());
+    QVERIFY(!problem->advice.isEmpty());
+    QVERIFY(problem->text().contains(place.path()));
+    QCOMPARE(place.files(), QStringList{"installation.db"});
+}
+
+void TestDatabaseFile::aFileThatStartsLikeADatabaseHasNone()
+{
+    const TestDatabase place;
+    place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
+    QVERIFY(!DatabaseFile(place.path()).problem());
+}
+
+void TestDatabaseFile::createdFileBelongsToItsOwnerAlone()
+{
+    const TestDatabase place;
+    const auto error = DatabaseFile(place.path()).create([](const QString &path) -> std::optional<DatabaseError> {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write("x") == 1 ? std::nullopt
+                                                                       : std::make_optional(DatabaseError());
+    });
+    QVERIFY(!error);
+    QCOMPARE(place.bytes(), QByteArray("x"));
+    struct stat status = {};
+    QCOMPARE(stat(place.path().toUtf8().constData(), &status), 0);
+    QCOMPARE(status.st_mode & 0777u, 0600u);
+    QCOMPARE(place.files(), QStringList{"installation.db"});
+}
+
+void TestDatabaseFile::createdFileAppearsWhenItIsComplete()
+{
+    const TestDatabase place;
+    bool existed = true;
+    const auto error = DatabaseFile(place.path()).create([&](const QString &path) {
+        existed = QFileInfo::exists(place.path());
+        return path == place.path() ? std::make_optional(DatabaseError()) : std::nullopt;
+    });
+    QVERIFY(!error);
+    QVERIFY(!existed);
+    QVERIFY(QFileInfo::exists(place.path()));
+}
+
+void TestDatabaseFile::foldersAreMade()
+{
+    const TestDatabase place;
+    const QString path = place.folder() + "/a/б/c.db";
+    QVERIFY(!DatabaseFile(path).create([](const QString &) { return std::nullopt; }));
+    QVERIFY(QFileInfo::exists(path));
+}
+
+void TestDatabaseFile::failedFillLeavesNothing()
+{
+    const TestDatabase place;
+    const auto error = DatabaseFile(place.path()).create([&](const QString &) -> std::optional<DatabaseError> {
+        return DatabaseError{place.path(), "the reason", {}};
+    });
+    QVERIFY(error);
+    QCOMPARE(error->reason, QString("the reason"));
+    QCOMPARE(place.files(), QStringList());
+}
+
+void TestDatabaseFile::aFileThatAppearedMeanwhileStays()
+{
+    const TestDatabase place;
+    const auto error = DatabaseFile(place.path()).create([&](const QString &) {
+        place.setBytes("of somebody else");
+        return std::nullopt;
+    });
+    QVERIFY(!error);
+    QCOMPARE(place.bytes(), QByteArray("of somebody else"));
+    QCOMPARE(place.files(), QStringList{"installation.db"});
+}
+
+void TestDatabaseFile::createFails_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("a file where a folder should be") << "%1/file/x.db"
+                                                     << "Не удаётся создать папку";
+    QTest::newRow("a folder where nothing can be made") << "/proc/x.db"
+                                                        << "Не удаётся создать файл";
+}
+
+void TestDatabaseFile::createFails()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, reason);
+    const TestDatabase place;
+    QFile file(place.folder() + "/file");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+
+    const auto error =
+        DatabaseFile(path.replace("%1", place.folder())).create([](const QString &) { return std::nullopt; });
+    QVERIFY(error);
+    QVERIFY2(error->reason.startsWith(reason), qPrintable(error->reason));
+    QCOMPARE(place.files(), QStringList{"file"});
+}
+
+QTEST_MAIN(TestDatabaseFile)
+#include "tst_databasefile.moc"

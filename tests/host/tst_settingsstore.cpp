@@ -1,0 +1,395 @@
+#include <host/sampleinstallation.h>
+#include <host/settingsstore.h>
+
+#include "messages.h"
+#include "testdatabase.h"
+
+#include <QTest>
+
+#include <sys/stat.h>
+
+class TestSettingsStore : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aMissingFileIsCreatedWithTheSample();
+    void anExistingFileIsReadAsItIs();
+    void aLoadReadsEverything();
+    void aFailedLoadChangesNothing();
+    void aSaveIsDurable();
+    void aSaveWritesWhatItIsGiven();
+    void aSaveTakesAnyText_data();
+    void aSaveTakesAnyText();
+    void aConflictWritesNothing_data();
+    void aConflictWritesNothing();
+    void aChangedSettingThatIsNotSavedIsNoConflict();
+    void aLockedDatabaseIsAnError();
+    void aSaveThatFailsHalfwayWritesNothing();
+    void badDatabasesStayAsTheyAre_data();
+    void badDatabasesStayAsTheyAre();
+    void aForeignLogIsNotCarriedOver();
+    void ownLogOfAKilledProgramIsRead();
+    void aCopyHoldsWhatTheOriginalHolds();
+    void aBadDatabaseIsNotCopied();
+};
+
+namespace {
+
+SettingsStore &opened(SettingsStore &store, const TestDatabase &database)
+{
+    if (auto error = store.open(database.path()))
+        throw std::runtime_error(error->text().toStdString());
+    return store;
+}
+
+Installation loaded(SettingsStore &store)
+{
+    Installation installation;
+    if (auto error = store.load(installation))
+        throw std::runtime_error(error->text().toStdString());
+    return installation;
+}
+
+/// A sample database that nobody has open.
+void makeSample(const TestDatabase &database)
+{
+    SettingsStore store;
+    opened(store, database);
+}
+
+/// A file with a table "settings" of another program.
+void makeForeign(const TestDatabase &database)
+{
+    database.setBytes({});
+    database.execute("CREATE TABLE settings(name TEXT, data BLOB)");
+}
+} // namespace
+
+namespace vantorix {
+bool operator==(const ObjectRecord &a, const ObjectRecord &b)
+{
+    return a.uid == b.uid && a.parentUid == b.parentUid && a.type == b.type && a.name == b.name &&
+           a.granted == b.granted;
+}
+} // namespace vantorix
+
+void TestSettingsStore::initTestCase()
+{
+    failOnUnexpectedMessages();
+}
+
+void TestSettingsStore::aMissingFileIsCreatedWithTheSample()
+{
+    const TestDatabase database;
+    {
+        SettingsStore store;
+        QCOMPARE(store.path(), QString());
+        opened(store, database);
+        QCOMPARE(store.path(), database.path());
+        const Installation sample = SampleInstallation::make();
+        const Installation read = loaded(store);
+        QCOMPARE(read.settings, sample.settings);
+        QVERIFY(read.objects == sample.objects);
+    }
+    QCOMPARE(database.files(), QStringList{"installation.db"});
+    struct stat status = {};
+    QCOMPARE(stat(database.path().toUtf8().constData(), &status), 0);
+    QCOMPARE(status.st_mode & 0777u, 0600u);
+}
+
+void TestSettingsStore::anExistingFileIsReadAsItIs()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.execute("DELETE FROM settings WHERE key <> 'PT_VERSION'");
+    const QByteArray before = database.bytes();
+    {
+        SettingsStore store;
+        QCOMPARE(loaded(opened(store, database)).settings, (QHash<QString, QString>{{"PT_VERSION", "7.4.2.118"}}));
+    }
+    QCOMPARE(database.bytes(), before);
+    QCOMPARE(database.files(), QStringList{"installation.db"});
+}
+
+void TestSettingsStore::aLoadReadsEverything()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.execute("DELETE FROM objects");
+    database.execute("INSERT INTO objects VALUES('b', 4294967295, 7, 'T', 'последний', 0), ('a', 2, 0, 'T', 'x', 1), "
+                     "('b', 1, 0, 'T', '', 1)");
+    database.execute("INSERT INTO settings VALUES('unknown', NULL)");
+
+    SettingsStore store;
+    const Installation read = loaded(opened(store, database));
+    QCOMPARE(read.settings.count(), 42);
+    QVERIFY(read.settings.contains("unknown") && read.settings["unknown"].isEmpty());
+    const QHash<QString, QVector<vantorix::ObjectRecord>> objects{
+        {"a", {{2, 0, "T", "x", true}}},
+        {"b", {{4294967295u, 7, "T", "последний", false}, {1, 0, "T", "", true}}},
+    };
+    QVERIFY(read.objects == objects);
+}
+
+void TestSettingsStore::aFailedLoadChangesNothing()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    opened(store, database);
+    database.execute("DROP TABLE objects");
+    Installation installation;
+    installation.settings.insert("before", "1");
+    const auto error = store.load(installation);
+    QVERIFY(error);
+    QVERIFY2(error->reason.contains("objects"), qPrintable(error->reason));
+    QCOMPARE(installation.settings, (QHash<QString, QString>{{"before", "1"}}));
+}
+
+void TestSettingsStore::aSaveIsDurable()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    opened(store, database);
+    SqliteConnection connection(database.path(), SqliteConnection::Mode::ReadWrite);
+    QCOMPARE(connection.selectOne("PRAGMA journal_mode").toString(), QString("wal"));
+}
+
+void TestSettingsStore::aSaveWritesWhatItIsGiven()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    QHash<QString, QString> expected = loaded(opened(store, database)).settings;
+    const SaveResult result =
+        store.save({{"PT_MOBILE_PORT", "9000"}, {"PT_MOBILE_HOST", "h"}, {"PT_NEW", "1"}}, expected);
+    QCOMPARE(result.outcome, SaveResult::Outcome::Saved);
+    QVERIFY(result.isDone());
+
+    expected["PT_MOBILE_PORT"] = "9000";
+    expected["PT_MOBILE_HOST"] = "h";
+    expected["PT_NEW"] = "1";
+    QCOMPARE(database.settings(), expected);
+}
+
+void TestSettingsStore::aSaveTakesAnyText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("empty") << "";
+    QTest::newRow("Cyrillic") << "Порт «ё»";
+    QTest::newRow("beyond the first plane") << QString::fromUtf8("\xF0\x9F\x94\x91");
+    QTest::newRow("SQL") << "'; DROP TABLE settings; --";
+    QTest::newRow("a zero character") << QString("a") + QChar(0) + "b";
+    QTest::newRow("lines") << "a\r\nb\n";
+    QTest::newRow("a megabyte") << QString(1024 * 1024, 'x');
+    QTest::newRow("a number with leading zeros") << "007";
+}
+
+void TestSettingsStore::aSaveTakesAnyText()
+{
+    QFETCH(QString, text);
+    const TestDatabase database;
+    SettingsStore store;
+    const auto before = loaded(opened(store, database)).settings;
+    QVERIFY(store.save({{"PT_MOBILE_HOST", text}}, before).isDone());
+    SettingsStore other;
+    QCOMPARE(loaded(opened(other, database)).settings["PT_MOBILE_HOST"], text);
+}
+
+void TestSettingsStore::aConflictWritesNothing_data()
+{
+    QTest::addColumn<QString>("statement"); // of the other program
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("changed") << "UPDATE settings SET value = 'theirs' WHERE key = 'PT_MOBILE_HOST'"
+                             << "theirs";
+    QTest::newRow("emptied") << "UPDATE settings SET value = '' WHERE key = 'PT_MOBILE_HOST'"
+                             << "";
+    QTest::newRow("set to nothing") << "UPDATE settings SET value = NULL WHERE key = 'PT_MOBILE_HOST'"
+                                    << "";
+    QTest::newRow("removed") << "DELETE FROM settings WHERE key = 'PT_MOBILE_HOST'"
+                             << "";
+    QTest::newRow("changed to what is to be saved") << "UPDATE settings SET value = 'mine' WHERE key = 'PT_MOBILE_HOST'"
+                                                    << "mine";
+}
+
+void TestSettingsStore::aConflictWritesNothing()
+{
+    QFETCH(QString, statement);
+    const TestDatabase database;
+    SettingsStore store;
+    const auto before = loaded(opened(store, database)).settings;
+    database.execute(statement);
+    const auto theirs = database.settings();
+
+    const SaveResult result = store.save({{"PT_MOBILE_PORT", "9000"}, {"PT_MOBILE_HOST", "mine"}}, before);
+    QCOMPARE(result.outcome, SaveResult::Outcome::Conflicting);
+    QVERIFY(!result.isDone());
+    QCOMPARE(result.conflicts.count(), 1);
+    QCOMPARE(result.conflicts[0].key, QString("PT_MOBILE_HOST"));
+    QCOMPARE(result.conflicts[0].loaded, QString("mobile.installation.example"));
+    QTEST(result.conflicts[0].stored, "stored");
+    QCOMPARE(result.conflicts[0].wanted, QString("mine"));
+    QCOMPARE(database.settings(), theirs);
+}
+
+void TestSettingsStore::aChangedSettingThatIsNotSavedIsNoConflict()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const auto before = loaded(opened(store, database)).settings;
+    database.store("PT_MOBILE_PORT", "1");
+    QVERIFY(store.save({{"PT_MOBILE_HOST", "mine"}}, before).isDone());
+    QCOMPARE(database.stored("PT_MOBILE_HOST"), QString("mine"));
+    QCOMPARE(database.stored("PT_MOBILE_PORT"), QString("1"));
+}
+
+void TestSettingsStore::aLockedDatabaseIsAnError()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const auto before = loaded(opened(store, database)).settings;
+    {
+        SqliteConnection other(database.path(), SqliteConnection::Mode::ReadWrite);
+        QVERIFY(other.execute("BEGIN IMMEDIATE"));
+        const SaveResult result = store.save({{"PT_MOBILE_HOST", "mine"}}, before);
+        QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
+        QVERIFY2(result.error->reason.startsWith("База данных занята"), qPrintable(result.error->reason));
+        QCOMPARE(result.error->path, database.path());
+    }
+    QCOMPARE(database.settings(), before);
+    QVERIFY(store.save({{"PT_MOBILE_HOST", "mine"}}, before).isDone());
+}
+
+void TestSettingsStore::aSaveThatFailsHalfwayWritesNothing()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const auto before = loaded(opened(store, database)).settings;
+    // Lets one row pass and stops at the next.
+    database.execute("CREATE TABLE counter(n)");
+    database.execute("CREATE TRIGGER stop BEFORE UPDATE ON settings WHEN (SELECT count(*) FROM counter) > 0 "
+                     "BEGIN SELECT RAISE(ABORT, 'the disk is gone'); END");
+    database.execute("CREATE TRIGGER count AFTER UPDATE ON settings BEGIN INSERT INTO counter VALUES(1); END");
+
+    const SaveResult result = store.save({{"PT_MOBILE_HOST", "mine"}, {"PT_MOBILE_PORT", "9000"}}, before);
+    QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
+    QVERIFY2(result.error->reason.contains("the disk is gone"), qPrintable(result.error->reason));
+    QVERIFY(!result.error->text().contains("mine"));
+    QCOMPARE(database.settings(), before);
+}
+
+void TestSettingsStore::badDatabasesStayAsTheyAre_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+
+    const TestDatabase sample;
+    makeSample(sample);
+    const QByteArray good = sample.bytes();
+    const TestDatabase foreign;
+    makeForeign(foreign);
+    const TestDatabase newer;
+    makeSample(newer);
+    newer.execute("PRAGMA user_version = 2");
+    const TestDatabase tableless;
+    makeSample(tableless);
+    tableless.execute("DROP TABLE objects");
+
+    QByteArray garbage = good;
+    for (int i = 100; i < garbage.size(); ++i)
+        garbage[i] = char(i * 31);
+    QByteArray damagedPage = good;
+    damagedPage.replace(4096, 2000, QByteArray(2000, '\x5a'));
+
+    QTest::newRow("text") << QByteArray("hello\n") << "Файл не является базой данных SQLite.";
+    QTest::newRow("empty") << QByteArray() << "Файл пуст.";
+    QTest::newRow("the first page only") << good.left(4096) << "";
+    QTest::newRow("half") << good.left(good.size() / 2) << "";
+    QTest::newRow("the last page is missing") << good.left(good.size() - 4096) << "";
+    QTest::newRow("half of a page") << good.left(2048) << "";
+    QTest::newRow("garbage behind the signature") << garbage << "";
+    QTest::newRow("a damaged page") << damagedPage << "";
+    QTest::newRow("of another program") << foreign.bytes() << "Это база данных с другой схемой";
+    QTest::newRow("a table is missing") << tableless.bytes() << "Это база данных с другой схемой";
+    QTest::newRow("of a newer program") << newer.bytes() << "Версия схемы базы данных 2, программа знает версии до 1.";
+}
+
+void TestSettingsStore::badDatabasesStayAsTheyAre()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    const TestDatabase database;
+    database.setBytes(bytes);
+    {
+        SettingsStore store;
+        const auto error = store.open(database.path());
+        QVERIFY(error);
+        QCOMPARE(error->path, database.path());
+        QVERIFY2(error->reason.startsWith(reason), qPrintable(error->reason));
+        QVERIFY(!error->reason.isEmpty() && !error->advice.isEmpty());
+        QCOMPARE(store.path(), QString());
+    }
+    QCOMPARE(database.bytes(), bytes);
+    QCOMPARE(database.files(), QStringList{"installation.db"});
+}
+
+void TestSettingsStore::aForeignLogIsNotCarriedOver()
+{
+    const TestDatabase killed;
+    const TestDatabase database;
+    makeForeign(killed);
+    {
+        SqliteConnection writer(killed.path(), SqliteConnection::Mode::ReadWrite);
+        QVERIFY(writer.execute("PRAGMA journal_mode = WAL"));
+        QVERIFY(writer.execute("INSERT INTO settings VALUES('a', 'b')"));
+        QVERIFY(QFile::copy(killed.path(), database.path()));
+        QVERIFY(QFile::copy(killed.path() + "-wal", database.path() + "-wal"));
+    }
+    const QByteArray before = database.bytes();
+    const qint64 logSize = QFileInfo(database.path() + "-wal").size();
+    QVERIFY(logSize > 0);
+
+    QVERIFY(SettingsStore().open(database.path()));
+    QCOMPARE(database.bytes(), before);
+    QCOMPARE(QFileInfo(database.path() + "-wal").size(), logSize);
+}
+
+void TestSettingsStore::ownLogOfAKilledProgramIsRead()
+{
+    const TestDatabase killed;
+    const TestDatabase database;
+    {
+        SettingsStore store;
+        const auto before = loaded(opened(store, killed)).settings;
+        QVERIFY(store.save({{"PT_MOBILE_HOST", "the last words"}}, before).isDone());
+        QVERIFY(QFile::copy(killed.path(), database.path()));
+        QVERIFY(QFile::copy(killed.path() + "-wal", database.path() + "-wal"));
+    }
+    SettingsStore store;
+    QCOMPARE(loaded(opened(store, database)).settings["PT_MOBILE_HOST"], QString("the last words"));
+}
+
+void TestSettingsStore::aCopyHoldsWhatTheOriginalHolds()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.store("PT_MOBILE_HOST", "copied");
+    const QByteArray before = database.bytes();
+    const TestDatabase copy;
+    QVERIFY(!SettingsStore::copy(database.path(), copy.path()));
+    QCOMPARE(copy.settings(), database.settings());
+    QCOMPARE(database.bytes(), before);
+    QCOMPARE(database.files(), QStringList{"installation.db"});
+}
+
+void TestSettingsStore::aBadDatabaseIsNotCopied()
+{
+    const TestDatabase database;
+    makeForeign(database);
+    const TestDatabase copy;
+    QVERIFY(SettingsStore::copy(database.path(), copy.path()));
+    QCOMPARE(copy.files(), QStringList());
+}
+
+QTEST_MAIN(TestSettingsStore)
+#include "tst_settingsstore.moc"

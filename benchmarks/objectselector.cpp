@@ -11,7 +11,10 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <limits>
 #include <map>
 #include <memory>
 #include <numeric>
@@ -249,7 +252,7 @@ void expandInPopup(benchmark::State &state)
     }
 }
 
-/// Prints the figures and keeps them for the multiples.
+/// Prints the figures, and at the end what they are worth: as multiples of the bare model and against the limits.
 class Reporter : public benchmark::ConsoleReporter
 {
 public:
@@ -264,25 +267,38 @@ public:
         ConsoleReporter::ReportRuns(runs);
     }
 
-    void printMultiples() const
+    void printWorth() const
     {
-        std::printf("\n");
-        for (const auto &[name, seconds] : m_seconds) {
-            const bool isBuild = name.rfind("build/", 0) == 0;
-            const std::string bare = isBuild ? "build/bare" : "expand/bare";
-            if (name != bare && name.find('/') != std::string::npos && m_seconds.count(bare))
-                std::printf("%-28s time x%.2f", name.c_str(), seconds / m_seconds.at(bare));
-            else
-                continue;
-            if (m_bytes.count(name))
-                std::printf("  memory x%.2f", m_bytes.at(name) / m_bytes.at(bare));
-            std::printf("\n");
+        std::printf("\n%-34s %8s %8s\n", "", "is", "limit");
+        for (const char *page : {"build/page", "build/page/storedUid", "build/page/filteredRoot"}) {
+            print(page, "time / bare", ratio(m_seconds, page, "build/bare"), 1.5);
+            print(page, "memory / bare", ratio(m_bytes, page, "build/bare"), 3);
         }
+        for (const char *choice : {"setCurrentUid", "setCurrentUid/anyOrder"})
+            print(choice, "us", value(m_seconds, choice) * 1e6, 25);
+        print("expand/popup", "ms", value(m_seconds, "expand/popup") * 1e3, 30);
     }
 
 private:
-    std::map<std::string, double> m_seconds;
-    std::map<std::string, double> m_bytes;
+    using Figures = std::map<std::string, double>;
+
+    static double value(const Figures &figures, const std::string &name)
+    {
+        const auto figure = figures.find(name);
+        return figure == figures.end() ? std::numeric_limits<double>::quiet_NaN() : figure->second;
+    }
+    static double ratio(const Figures &figures, const std::string &name, const std::string &base)
+    {
+        return value(figures, name) / value(figures, base);
+    }
+    static void print(const char *name, const char *unit, double is, double limit)
+    {
+        if (!std::isnan(is)) // left out by the filter on the command line
+            std::printf("%-24s %-13s %8.2f %8.2f%s\n", name, unit, is, limit, is > limit ? "  TOO MUCH" : "");
+    }
+
+    Figures m_seconds;
+    Figures m_bytes;
 };
 
 void registerBuild(const char *name, void (*function)(benchmark::State &, const QVector<ObjectRecord> &, unsigned int),
@@ -314,7 +330,7 @@ int main(int argc, char *argv[])
 
     Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printMultiples();
+    reporter.printWorth();
     benchmark::Shutdown();
     return 0;
 }

@@ -20,7 +20,7 @@ for argument in "$@"; do
         --render* | --self-test | --help | -h | --version | -v) needs_display=no ;;
     esac
 done
-if [[ $needs_display == no || -n ${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-} ]]; then
+if [[ $needs_display == no || -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
     exec "$manager" "$@"
 fi
 

@@ -48,17 +48,13 @@ void DBButtonWidget::editKey()
     // The page may be closed while the dialog is open; the dialog then goes with its button.
     const QPointer<SmartCardKeyDialog> dialog = new SmartCardKeyDialog(button);
     dialog->setKey(button->property(keyProperty).toString());
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
-        return;
-    const QString newKey = dialog->key();
+    if (dialog->exec() == QDialog::Accepted) {
+        const QPointer<DBButtonWidget> self(this);
+        const QString newKey = dialog->key();
+        button->setProperty(keyProperty, newKey);
+        Q_EMIT paramChanged(key(), newKey);
+        if (self)
+            Q_EMIT commitData();
+    }
     delete dialog;
-    if (!accepted)
-        return;
-
-    const QPointer<DBButtonWidget> self(this);
-    button->setProperty(keyProperty, newKey);
-    Q_EMIT paramChanged(key(), newKey);
-    if (self)
-        Q_EMIT commitData();
 }

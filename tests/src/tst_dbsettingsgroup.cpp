@@ -92,6 +92,7 @@ private Q_SLOTS:
     void membersOfANestedGroupAreFound();
     void firstInTreeOrderIsFound_data();
     void firstInTreeOrderIsFound();
+    void outerEditorComesBeforeTheInner();
     void raisedEditorIsTheLast();
     void keysAreCaseSensitive();
     void emptyKeyIsAKey();
@@ -398,6 +399,22 @@ void TestDBSettingsGroup::firstInTreeOrderIsFound()
     setEnabledOne(group, "key", false);
     for (int i = 0; i < editors.count(); ++i)
         QCOMPARE(editors[i]->isEnabled(), i != 0);
+}
+
+void TestDBSettingsGroup::outerEditorComesBeforeTheInner()
+{
+    DBSettingsGroup group(1);
+    auto *frame = new QWidget;
+    group.setWidget(frame);
+    DBParamWidget *outer = newEditor(frame, "key", "outer");
+    DBParamWidget *inner = newEditor(outer, "key", "inner");
+    newEditor(frame, "key", "last");
+
+    QCOMPARE(group.paramValue("key"), QVariant("outer"));
+    outer->setKey("another");
+    QCOMPARE(group.paramValue("key"), QVariant("inner"));
+    inner->setKey("another");
+    QCOMPARE(group.paramValue("key"), QVariant("last"));
 }
 
 void TestDBSettingsGroup::raisedEditorIsTheLast()

@@ -3,11 +3,16 @@
 #include "loggingrules.h"
 #include "messages.h"
 #include "recordingeditor.h"
+#include "storedsettings.h"
 #include "testtree.h"
 
+#include <vxsettings/dbbuttonwidget.h>
 #include <vxsettings/dbcheckboxwidget.h>
 #include <vxsettings/dbcomboboxwidget.h>
+#include <vxsettings/dbkeys.h>
 #include <vxsettings/dblineeditwidget.h>
+#include <vxsettings/dbobjselectorwidget.h>
+#include <vxsettings/dbpasswordwidget.h>
 #include <vxsettings/dbspinboxwidget.h>
 
 #include <QCheckBox>
@@ -41,6 +46,17 @@ DBParamWidget *bareEditor(const QVariant &value)
     return testtree::newEditor(nullptr, "PT_KEY", value);
 }
 
+DBParamWidget *withStoredValue(DBParamWidget *editor, const QVariant &stored)
+{
+    editor->setValue(stored);
+    return withKey(editor);
+}
+
+DBParamWidget *objectSelector(const QVariant &stored)
+{
+    return withStoredValue(new DBObjSelectorWidget(vantorix::ORGSTRUCTURE_DATANAME, nullptr), stored);
+}
+
 DBParamWidget *checkBox(bool stored, bool inverted = false)
 {
     DBParamWidget *editor = withKey(new DBCheckBoxWidget(nullptr));
@@ -59,9 +75,7 @@ DBParamWidget *comboBox(const QVariant &stored)
 
 DBParamWidget *lineEdit(const QString &stored)
 {
-    DBParamWidget *editor = withKey(new DBLineEditWidget(nullptr));
-    editor->setValue(stored);
-    return editor;
+    return withStoredValue(new DBLineEditWidget(nullptr), stored);
 }
 
 DBParamWidget *spinBox(const QVariant &stored)
@@ -159,45 +173,29 @@ void TestDBSettingsValue::parameters_data()
     QTest::addColumn<EditorMaker>("make");
     QTest::addColumn<OBJECT_PARAMETERS>("expected");
 
-    const auto row = [](const char *name, const EditorMaker &make, const QString &text) {
+    const auto row = [](const char *name, const QString &text, const EditorMaker &make) {
         QTest::newRow(name) << make << OBJECT_PARAMETERS{{"PT_KEY", text}};
     };
-    row(
-        "text", [] { return bareEditor("Хост ☃"); }, "Хост ☃");
-    row(
-        "number", [] { return bareEditor(8); }, "8");
-    row(
-        "unsigned number", [] { return bareEditor(4294967295U); }, "4294967295");
-    row(
-        "flag", [] { return bareEditor(true); }, "true");
-    row(
-        "invalid", [] { return bareEditor({}); }, "");
-    row(
-        "not convertible",
-        [] {
-            return bareEditor(QVariantMap{{"a", "b"}});
-        },
-        "");
-    row(
-        "ticked check box", [] { return checkBox(true); }, "true");
-    row(
-        "empty check box", [] { return checkBox(false); }, "false");
-    row(
-        "inverted check box", [] { return checkBox(true, true); }, "true");
-    row(
-        "combo box", [] { return comboBox("3"); }, "3");
-    row(
-        "combo box without that choice", [] { return comboBox("9"); }, "1");
-    row(
-        "combo box without choices", [] { return withKey(new DBComboBoxWidget(nullptr)); }, "");
-    row(
-        "line edit", [] { return lineEdit("a\nb"); }, "a\nb");
-    row(
-        "empty line edit", [] { return lineEdit(""); }, "");
-    row(
-        "spin box", [] { return spinBox("12"); }, "12");
-    row(
-        "spin box out of its range", [] { return spinBox("25"); }, "20");
+    row("text", "Хост ☃", [] { return bareEditor("Хост ☃"); });
+    row("number", "8", [] { return bareEditor(8); });
+    row("unsigned number", "4294967295", [] { return bareEditor(4294967295U); });
+    row("flag", "true", [] { return bareEditor(true); });
+    row("invalid", "", [] { return bareEditor({}); });
+    row("not convertible", "", [] { return bareEditor(QVariantMap()); });
+    row("ticked check box", "true", [] { return checkBox(true); });
+    row("empty check box", "false", [] { return checkBox(false); });
+    row("inverted check box", "true", [] { return checkBox(true, true); });
+    row("combo box", "3", [] { return comboBox("3"); });
+    row("combo box without that choice", "1", [] { return comboBox("9"); });
+    row("combo box without choices", "", [] { return withStoredValue(new DBComboBoxWidget(nullptr), "3"); });
+    row("line edit", "a\nb", [] { return lineEdit("a\nb"); });
+    row("empty line edit", "", [] { return lineEdit(""); });
+    row("password", "secret ☃", [] { return withStoredValue(new DBPasswordWidget(nullptr), "secret ☃"); });
+    row("button", "key", [] { return withStoredValue(new DBButtonWidget(nullptr), "key"); });
+    row("object selector", "7", [] { return objectSelector("7"); });
+    row("object selector without that object", "0", [] { return objectSelector("8"); });
+    row("spin box", "12", [] { return spinBox("12"); });
+    row("spin box out of its range", "20", [] { return spinBox("25"); });
 
     const EditorMaker withoutKey = [] { return testtree::newEditor(nullptr, "", "text"); };
     QTest::newRow("editor without a key") << withoutKey << OBJECT_PARAMETERS{{"", "text"}};
@@ -206,6 +204,7 @@ void TestDBSettingsValue::parameters_data()
 void TestDBSettingsValue::parameters()
 {
     QFETCH(EditorMaker, make);
+    const StoredObjects objects("orgstructure", {{1, 0, "OT_SUBJECTROOT", "Organisation"}, {7, 1, "OT_FIRM", "Works"}});
     DBSettingsValue node;
     node.setWidget(make());
     QTEST(node.parameters(), "expected");
@@ -229,21 +228,15 @@ void TestDBSettingsValue::addEditedEditors()
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
 
-    const auto row = [](const char *name, const EditorMaker &make, const QString &before, const QString &after) {
+    const auto row = [](const char *name, const char *before, const char *after, const EditorMaker &make) {
         QTest::newRow(name) << make << before << after;
     };
-    row(
-        "check box", [] { return checkBox(false); }, "false", "true");
-    row(
-        "inverted check box", [] { return checkBox(false, true); }, "false", "true");
-    row(
-        "combo box", [] { return comboBox("2"); }, "2", "3");
-    row(
-        "line edit", [] { return lineEdit("old"); }, "old", "old7");
-    row(
-        "spin box", [] { return spinBox("12"); }, "12", "7");
-    row(
-        "spin box out of its range", [] { return spinBox("25"); }, "20", "7");
+    row("check box", "false", "true", [] { return checkBox(false); });
+    row("inverted check box", "false", "true", [] { return checkBox(false, true); });
+    row("combo box", "2", "3", [] { return comboBox("2"); });
+    row("line edit", "old", "old7", [] { return lineEdit("old"); });
+    row("spin box", "12", "7", [] { return spinBox("12"); });
+    row("spin box out of its range", "20", "7", [] { return spinBox("25"); });
 }
 
 void TestDBSettingsValue::setDefaultValueRevertsEdits()

@@ -281,7 +281,7 @@ void TestHostilePages::textInEveryJsonSetting()
 {
     QFETCH(int, group);
     QFETCH(QString, text);
-    OBJECT_PARAMETERS expected = Page(group).tree->parameters();
+    const OBJECT_PARAMETERS expected = Page(group).tree->parameters();
     StoredSettings stored({{PIN_STRENGTH, text}, {PASSWORD_STRENGTH, text}, {PALM_TEMPLATES_AMOUNT_SETTINGS, text}});
     Page page(group);
 

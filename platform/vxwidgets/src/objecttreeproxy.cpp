@@ -4,6 +4,8 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 ObjectTreeProxy::ObjectTreeProxy(QObject *parent)
     : QSortFilterProxyModel(parent)
 {}
@@ -40,7 +42,7 @@ QModelIndex ObjectTreeProxy::indexOf(unsigned int uid) const
 void ObjectTreeProxy::setSourceModel(QAbstractItemModel *sourceModel)
 {
     m_objects = qobject_cast<ObjectModel *>(sourceModel);
-    m_parentsRevision = -1;
+    m_verdictsRevision = -1;
     QSortFilterProxyModel::setSourceModel(sourceModel);
 }
 
@@ -83,43 +85,37 @@ bool ObjectTreeProxy::passes(int number) const
 
 bool ObjectTreeProxy::isPassedType(int number) const
 {
-    return m_types.isEmpty() || m_types.contains(m_objects->tree().record(number).type);
+    const QString &type = m_objects->tree().record(number).type;
+    return m_types.isEmpty() || std::find(m_types.cbegin(), m_types.cend(), type) != m_types.cend();
 }
 
 bool ObjectTreeProxy::hasShownChild(int number) const
 {
     const ObjectTree &tree = m_objects->tree();
-    if (tree.childCount(number) == 0)
+    const int childCount = tree.childCount(number);
+    if (childCount == 0)
         return false;
-    // Mostly so, and then nobody looks at all objects to build a page.
+    // Mostly so; then there is nothing to remember.
     if (passes(tree.child(number, 0)))
         return true;
-    if (m_parentsRevision != m_objects->revision())
-        findParentsOfShown();
-    return m_parentsOfShown[size_t(number)];
-}
 
-void ObjectTreeProxy::findParentsOfShown() const
-{
-    const ObjectTree &tree = m_objects->tree();
-    m_parentsOfShown.assign(size_t(tree.count()), false);
-    for (int number = 0; number < tree.count(); ++number) {
-        if (!passes(number))
-            continue;
-        // Up to where another object has been already: everything above is marked.
-        for (int parent = tree.parent(number); parent != ObjectTree::none && !m_parentsOfShown[size_t(parent)];
-             parent = tree.parent(parent)) {
-            m_parentsOfShown[size_t(parent)] = true;
-            if (!m_acceptsParents || hides(tree.record(parent)))
-                break;
-        }
+    if (m_verdictsRevision != m_objects->revision()) {
+        m_verdicts.assign(size_t(tree.count()), Unknown);
+        m_verdictsRevision = m_objects->revision();
     }
-    m_parentsRevision = m_objects->revision();
+    Verdict &verdict = m_verdicts[size_t(number)];
+    for (int row = 0; verdict == Unknown && row < childCount; ++row) {
+        if (isShown(tree.child(number, row)))
+            verdict = HasShownChild;
+    }
+    if (verdict == Unknown)
+        verdict = HasNoShownChild;
+    return verdict == HasShownChild;
 }
 
 void ObjectTreeProxy::filterChanged()
 {
-    m_parentsRevision = -1;
+    m_verdictsRevision = -1;
     const QScopedValueRollback<bool> changing(m_isFilterChanging, true);
     invalidate();
 }

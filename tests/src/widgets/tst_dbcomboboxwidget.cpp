@@ -60,6 +60,7 @@ private Q_SLOTS:
     void otherOperationsDoNothing();
     void brokenSlotDoesNothing_data() { addBrokenSlotRows(); }
     void brokenSlotDoesNothing();
+    void renamedBoxStillAnnouncesItsChoice();
 };
 
 namespace {
@@ -532,6 +533,19 @@ void TestDBComboBoxWidget::brokenSlotDoesNothing()
         QCOMPARE(renamed->count(), 3);
         QCOMPARE(renamed->currentIndex(), 1);
     }
+}
+
+/// A choice knows its box without looking for it.
+void TestDBComboBoxWidget::renamedBoxStillAnnouncesItsChoice()
+{
+    DBComboBoxWidget editor(nullptr);
+    editor.setParamValues(oneThreeSeven);
+    QVERIFY(show(editor));
+    QComboBox *renamed = comboBox(editor);
+    renamed->setObjectName("renamed");
+    HeardSignals heard(editor);
+    QTest::keyClick(renamed, Qt::Key_Down);
+    QCOMPARE(heard.take(), QStringList({"PT_CARD_VIEW_FORMAT: uint 3", "commit", "commit"}));
 }
 
 QTEST_MAIN(TestDBComboBoxWidget)

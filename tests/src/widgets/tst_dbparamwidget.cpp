@@ -7,9 +7,11 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTranslator>
+#include <QVBoxLayout>
 
-Q_DECLARE_METATYPE(QSizePolicy::Policy)
+#include <climits>
 
 class TestDBParamWidget : public QObject
 {
@@ -522,13 +524,14 @@ void TestDBParamWidget::labelPosition()
 void TestDBParamWidget::labelPositionOfAShownFrame()
 {
     QFETCH(int, position);
+    QFETCH(QStringList, shown);
     DBParamWidget frame(nullptr);
     frame.show();
     QVERIFY(QTest::qWaitForWindowExposed(&frame));
     for (int before = 0; before <= 4; ++before) {
         frame.setLabelPosition(LabelPosition(before));
         frame.setLabelPosition(LabelPosition(position));
-        QTRY_COMPARE(labelsSeen(frame), *static_cast<QStringList *>(QTest::qData("shown", qMetaTypeId<QStringList>())));
+        QTRY_COMPARE(labelsSeen(frame), shown);
     }
 }
 

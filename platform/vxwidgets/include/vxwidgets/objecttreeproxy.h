@@ -48,18 +48,19 @@ protected:
     virtual bool hides(const vantorix::ObjectRecord &object) const;
 
 private:
+    enum Verdict : char { Unknown, HasShownChild, HasNoShownChild };
+
     // An object goes by its number in the source model's tree.
     bool isShown(int number) const;
     bool passes(int number) const;
     bool isPassedType(int number) const;
     bool hasShownChild(int number) const;
-    void findParentsOfShown() const;
     void filterChanged();
 
     QPointer<ObjectModel> m_objects; // the source model
     QStringList m_types;
     bool m_acceptsParents = false;
     bool m_isFilterChanging = false;
-    mutable std::vector<bool> m_parentsOfShown; // by number; found when first needed
-    mutable int m_parentsRevision = -1;         // of the source model when they were found
+    mutable std::vector<Verdict> m_verdicts; // by number, each found when first needed
+    mutable int m_verdictsRevision = -1;     // of the source model that they are about
 };

@@ -5,6 +5,27 @@
 namespace widgethandle {
 namespace {
 
+/// A widget in its destructor has left the focus chain before it says destroyed(), also to those who were connected
+/// to it before anybody else.
+bool isDying(const QWidget *widget)
+{
+    return !widget->nextInFocusChain();
+}
+
+/// Takes out of @p frame what is in the middle of its destruction and would be deleted a second time.
+/// QWidget::setParent() needs a whole widget, so this is QObject's.
+void releaseDying(const QWidget *frame)
+{
+    for (QWidget *widget : frame->findChildren<QWidget *>()) {
+        if (!isDying(widget))
+            continue;
+        // The widgets above the frame would remember a focus in there for good.
+        if (QWidget *focused = widget->focusWidget())
+            focused->clearFocus();
+        widget->QObject::setParent(nullptr);
+    }
+}
+
 /// Deletes a widget that nobody else has deleted, or is just deleting.
 class Deleter
 {
@@ -13,26 +34,21 @@ public:
         : m_widget(widget)
         , m_alive(std::make_shared<bool>(true))
     {
-        // The first connection of all is served first: a host that drops its tree in a later one finds the flag
-        // cleared.
+        // Tells of a lone widget, which is its own focus chain to the end.
         QObject::connect(widget, &QObject::destroyed, [alive = m_alive] { *alive = false; });
     }
 
-    bool isAlive() const { return *m_alive; }
+    bool isAlive() const { return *m_alive && m_widget && !isDying(m_widget); }
 
     void operator()(QWidget *widget) const
     {
-        if (*m_alive)
-            delete widget;
-        else if (m_widget)
-            leaveFrame();
+        if (!isAlive())
+            return;
+        releaseDying(widget);
+        delete widget;
     }
 
 private:
-    /// The widget is in the middle of its destruction. Its frame goes next and must not find it among its children.
-    /// QWidget::setParent() needs a whole widget, so this is QObject's.
-    void leaveFrame() const { m_widget->QObject::setParent(nullptr); }
-
     QPointer<QWidget> m_widget;
     std::shared_ptr<bool> m_alive;
 };

@@ -6,9 +6,10 @@
 
 /// What a test sees of the log.
 ///
-/// Every test program calls failOnUnexpectedMessages() from its initTestCase(), because QTest::qExec() installs a handler
-/// of its own first. From then on a message of level "warning" or above fails the running test, unless a CapturedMessages
-/// object is alive, which keeps the messages for the test to look at. (QTest::ignoreMessage() has no effect here.)
+/// Every test program calls failOnUnexpectedMessages() from its initTestCase(), because QTest::qExec() installs a
+/// handler of its own first. From then on a message of level "warning" or above fails the running test, unless a
+/// CapturedMessages object is alive, which keeps the messages for the test to look at. (QTest::ignoreMessage() has no
+/// effect here.)
 struct CapturedMessage
 {
     QtMsgType type;
@@ -27,10 +28,9 @@ inline QtMessageHandler previousHandler = nullptr;
 /// What the platform plugins say without a window manager; no fault of the code under test.
 inline bool isPlatformNoise(const QString &text)
 {
-    for (const char *noise : {"This plugin does not support propagateSizeHints()",
-                              "This plugin does not support raise()",
-                              "This plugin does not support grabbing the keyboard",
-                              "XCB error: 8 (BadMatch)"}) {
+    for (const char *noise :
+         {"This plugin does not support propagateSizeHints()", "This plugin does not support raise()",
+          "This plugin does not support grabbing the keyboard", "XCB error: 8 (BadMatch)"}) {
         if (text.contains(QLatin1String(noise)))
             return true;
     }
@@ -45,7 +45,8 @@ inline void handle(QtMsgType type, const QMessageLogContext &context, const QStr
         return;
     }
     if (type != QtDebugMsg && type != QtInfoMsg && !isPlatformNoise(text))
-        QTest::qFail(qPrintable(QStringLiteral("unexpected message: ") + text), context.file ? context.file : "", context.line);
+        QTest::qFail(qPrintable(QStringLiteral("unexpected message: ") + text), context.file ? context.file : "",
+                     context.line);
     previousHandler(type, context, text);
 }
 } // namespace messages
@@ -55,7 +56,8 @@ inline void failOnUnexpectedMessages()
     messages::previousHandler = qInstallMessageHandler(messages::handle);
 }
 
-/// Keeps every message that is written during its lifetime. Captures may be nested; the innermost one gets the messages.
+/// Keeps every message that is written during its lifetime. Captures may be nested; the innermost one gets the
+/// messages.
 class CapturedMessages
 {
 public:

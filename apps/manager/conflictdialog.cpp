@@ -3,21 +3,20 @@
 #include <host/settingwords.h>
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTextBrowser>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr QSize initialSize(760, 360);
+constexpr QSize initialSize(640, 360);
 
-QTableWidgetItem *cell(const QString &text)
+/// A line of a table in HTML.
+QString row(const QString &label, const QString &key, const QString &text)
 {
-    auto *item = new QTableWidgetItem(text);
-    item->setToolTip(text);
-    return item;
+    return QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td>%2</td></tr>")
+        .arg(label.toHtmlEscaped(), SettingWords::value(key, text).toHtmlEscaped());
 }
 } // namespace
 
@@ -32,28 +31,24 @@ ConflictDialog::ConflictDialog(const QVector<SettingConflict> &conflicts, QWidge
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(explanation);
-    layout->addWidget(createTable(conflicts));
+    layout->addWidget(createValues(conflicts));
     layout->addWidget(createButtons());
     resize(initialSize);
 }
 
-QWidget *ConflictDialog::createTable(const QVector<SettingConflict> &conflicts)
+QWidget *ConflictDialog::createValues(const QVector<SettingConflict> &conflicts)
 {
-    auto *table = new QTableWidget(conflicts.count(), 4, this);
-    table->setHorizontalHeaderLabels({tr("Параметр"), tr("Сейчас в базе данных"), tr("У вас"), tr("Было")});
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    table->verticalHeader()->hide();
-    table->setEditTriggers(QTableWidget::NoEditTriggers);
-    table->setSelectionMode(QTableWidget::NoSelection);
-    for (int row = 0; row < conflicts.count(); ++row) {
-        const SettingConflict &conflict = conflicts[row];
-        table->setItem(row, 0, cell(SettingWords::caption(conflict.key)));
-        table->setItem(row, 1, cell(SettingWords::value(conflict.key, conflict.stored)));
-        table->setItem(row, 2, cell(SettingWords::value(conflict.key, conflict.wanted)));
-        table->setItem(row, 3, cell(SettingWords::value(conflict.key, conflict.loaded)));
+    QString html;
+    for (const SettingConflict &conflict : conflicts) {
+        html += QStringLiteral("<p><b>%1</b></p><table>").arg(SettingWords::caption(conflict.key).toHtmlEscaped()) +
+                row(tr("Сейчас в базе данных:"), conflict.key, conflict.stored) +
+                row(tr("У вас:"), conflict.key, conflict.wanted) + row(tr("Было:"), conflict.key, conflict.loaded) +
+                QStringLiteral("</table>");
     }
-    table->resizeRowsToContents();
-    return table;
+    auto *values = new QTextBrowser(this);
+    values->setHtml(html);
+    values->setAccessibleName(tr("Различия"));
+    return values;
 }
 
 QWidget *ConflictDialog::createButtons()

@@ -19,6 +19,6 @@ public:
     explicit ConflictDialog(const QVector<SettingConflict> &conflicts, QWidget *parent = nullptr);
 
 private:
-    QWidget *createTable(const QVector<SettingConflict> &conflicts);
+    QWidget *createValues(const QVector<SettingConflict> &conflicts);
     QWidget *createButtons();
 };

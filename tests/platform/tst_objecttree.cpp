@@ -3,6 +3,7 @@
 #include "messages.h"
 #include "storedsettings.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <algorithm>
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void find();
     void everyUidIsFound_data();
     void everyUidIsFound();
+    void uidsThatClashAreFoundFast();
+    void uidsMayRunOver();
     void rowsCountThroughManySiblings();
     void deepBranchIsCut_data();
     void deepBranchIsCut();
@@ -195,6 +198,28 @@ void TestObjectTree::everyUidIsFound()
         if (objects.at(number).uid)
             QCOMPARE(tree.find(objects.at(number).uid), number);
     }
+}
+
+void TestObjectTree::uidsThatClashAreFoundFast()
+{
+    // As where the upper bits say what kind of object it is. Looking for the next free place would take ten seconds.
+    Objects objects;
+    for (unsigned int kind = 1; kind <= 32; ++kind) {
+        for (unsigned int i = 0; i < 4096; ++i)
+            objects.append({kind << 24 | i, 0, {}, {}});
+    }
+    QElapsedTimer timer;
+    timer.start();
+    const ObjectTree tree(objects);
+    for (int number = 0; number < objects.count(); ++number)
+        QCOMPARE(tree.find(objects.at(number).uid), number);
+    QVERIFY(timer.elapsed() < 3000);
+}
+
+void TestObjectTree::uidsMayRunOver()
+{
+    const ObjectTree tree(parsed("4294967294<0 4294967295<4294967294 0<0 1<4294967295"));
+    QCOMPARE(outline(tree), QString("4294967294(4294967295(1)) 0"));
 }
 
 void TestObjectTree::rowsCountThroughManySiblings()

@@ -555,12 +555,26 @@ void TestVXObjectSelector::changedFilterKeepsTheChoice()
 
 void TestVXObjectSelector::nameThatChangesIsShown()
 {
+    /// Notices when something is painted.
+    class Painted : public QObject
+    {
+    public:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            isPainted = isPainted || event->type() == QEvent::Paint;
+            return false;
+        }
+        bool isPainted = false;
+    } painted;
     PageSelector page;
     page.selector.setCurrentUid(22);
     page.selector.show();
     QVERIFY(QTest::qWaitForWindowExposed(&page.selector));
     const QImage before = page.selector.grab().toImage();
+    QApplication::processEvents();
+    page.selector.installEventFilter(&painted);
     page.store(changed(22, [](ObjectRecord *record) { record->name = "Something else"; }));
+    QTRY_VERIFY(painted.isPainted);
     QVERIFY(page.selector.grab().toImage() != before);
 }
 

@@ -133,6 +133,7 @@ bool goesWith(const QString &inner, const QString &outer)
 bool putOnScreen(QWidget *page)
 {
     page->show();
+    QCoreApplication::processEvents(); // mostly that is enough, and spares hundreds of naps
     const bool isExposed = QTest::qWaitForWindowExposed(page);
     for (QWidget *widget : page->findChildren<QWidget *>())
         widget->update();

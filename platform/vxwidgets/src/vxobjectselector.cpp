@@ -19,11 +19,8 @@ void VXObjectSelector::setProxyModel(ObjectTreeProxy *proxy)
 
     proxy->setSourceModel(m_objects);
     connect(proxy, &QAbstractItemModel::layoutChanged, this, &VXObjectSelector::followObjects);
-    {
-        const QSignalBlocker blocker(this);
-        setModel(proxy); // chooses the first row
-        setCurrentIndex(-1);
-    }
+    const QSignalBlocker blocker(this);
+    setModel(proxy); // chooses the first row
     followObjects();
 }
 

@@ -4,8 +4,8 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 
 /// Waits for modal dialogs, reads each, and clicks a button of it.
@@ -61,13 +61,8 @@ private:
     {
         for (const QLabel *label : dialog->findChildren<QLabel *>())
             m_text += label->text() + '\n';
-        for (const QTableWidget *table : dialog->findChildren<QTableWidget *>()) {
-            for (int row = 0; row < table->rowCount(); ++row) {
-                for (int column = 0; column < table->columnCount(); ++column)
-                    m_text += table->item(row, column)->text() + '|';
-                m_text += '\n';
-            }
-        }
+        for (const QTextEdit *text : dialog->findChildren<QTextEdit *>())
+            m_text += text->toPlainText() + '\n';
         for (const QPushButton *button : dialog->findChildren<QPushButton *>()) {
             m_buttons << plain(button->text());
             if (button->isDefault())

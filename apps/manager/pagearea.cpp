@@ -2,6 +2,11 @@
 
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int margin = 6;
+} // namespace
+
 PageArea::PageArea(QWidget *parent)
     : QScrollArea(parent)
 {
@@ -10,7 +15,8 @@ PageArea::PageArea(QWidget *parent)
     // Not a stop of its own on the way through the editors, which scroll into view when they are reached.
     setFocusPolicy(Qt::NoFocus);
     auto *canvas = new QWidget;
-    new QVBoxLayout(canvas);
+    auto *layout = new QVBoxLayout(canvas);
+    layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
     setWidget(canvas);
 }
 

@@ -7,12 +7,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QPainter>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <QTest>
 #include <QToolTip>
@@ -50,9 +49,12 @@ private Q_SLOTS:
     void popupOpensTheDefaultRoot();
     void popupHasASensibleSize_data();
     void popupHasASensibleSize();
+    void longPopupHasAScrollBar_data();
+    void longPopupHasAScrollBar();
     void popupStaysOnTheScreen_data();
     void popupStaysOnTheScreen();
     void popupShowsTheTextOfDeepNodes();
+    void popupDoesNotMoveSidewaysWithoutNeed();
     void emptyBoxHasNoPopup();
 
     void clickChooses_data();
@@ -87,6 +89,7 @@ private Q_SLOTS:
     void closedBoxPaintsTheName();
     void cutOffNameHasAToolTip_data();
     void cutOffNameHasAToolTip();
+    void longPathIsShortenedAtItsBeginning();
     void hostileNamesArePainted_data();
     void hostileNamesArePainted();
     void viewHasAnAccessibleName();
@@ -162,6 +165,16 @@ struct CompanyBox
     VXTreeBox box;
 };
 
+/// The last of @p depth nodes, each below the one before.
+QStandardItem *appendBranch(QStandardItem *node, int depth)
+{
+    for (; depth > 0; --depth) {
+        node->appendRow(item("Level"));
+        node = node->child(node->rowCount() - 1);
+    }
+    return node;
+}
+
 /// Every signal of a box that tells of a choice, as "row text".
 struct Heard
 {
@@ -200,7 +213,9 @@ QString toolTipAt(QWidget *widget)
 void TestVXTreeBox::freshBox()
 {
     VXTreeBox box;
-    QVERIFY(qobject_cast<QTreeView *>(box.view()));
+    const auto *tree = qobject_cast<QTreeView *>(box.view());
+    QVERIFY(tree);
+    QVERIFY(tree->uniformRowHeights());
     QCOMPARE(box.currentIndex(), -1);
     QVERIFY(!box.currentModelIndex().isValid());
     QVERIFY(!box.defaultRootIndex().isValid());
@@ -448,6 +463,43 @@ void TestVXTreeBox::popupHasASensibleSize()
     QVERIFY(rowHeight >= company.box.fontMetrics().height() + 4);
 }
 
+void TestVXTreeBox::longPopupHasAScrollBar_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::newRow("style whose popups look like menus") << "Fusion";
+    QTest::newRow("style whose popups look like lists") << "Windows";
+}
+
+void TestVXTreeBox::longPopupHasAScrollBar()
+{
+    QFETCH(QString, style);
+    /// Puts the previous style back.
+    struct StyledApplication
+    {
+        explicit StyledApplication(const QString &style)
+            : before(QApplication::style()->objectName())
+        {
+            QApplication::setStyle(style);
+        }
+        ~StyledApplication() { QApplication::setStyle(before); }
+        QString before;
+    } const application(style);
+    CompanyBox company;
+    for (int i = 0; i < 100; ++i)
+        company.model.appendRow(item(QString("Museum %1").arg(i)));
+    company.box.setDefaultRootIndex(company.node("Museum 50"));
+    QVERIFY(company.openPopup());
+
+    // Nothing is chosen, but the default root is in sight.
+    const QRect root = company.tree()->visualRect(company.node("Museum 50"));
+    QVERIFY(company.tree()->viewport()->rect().contains(root.center()));
+    QVERIFY(company.tree()->verticalScrollBar()->isVisible());
+    const int frame = qobject_cast<QFrame *>(company.popup())->frameWidth();
+    QCOMPARE(company.tree()->geometry(), company.popup()->rect().adjusted(frame, frame, -frame, -frame));
+    QTest::keyClick(company.tree(), Qt::Key_End);
+    QCOMPARE(company.tree()->geometry(), company.popup()->rect().adjusted(frame, frame, -frame, -frame));
+}
+
 void TestVXTreeBox::popupStaysOnTheScreen_data()
 {
     QTest::addColumn<QPoint>("place");
@@ -477,17 +529,30 @@ void TestVXTreeBox::popupStaysOnTheScreen()
 void TestVXTreeBox::popupShowsTheTextOfDeepNodes()
 {
     CompanyBox company;
-    QStandardItem *deepest = company.model.item(0);
-    for (int depth = 0; depth < 100; ++depth) {
-        deepest->appendRow(item("Level"));
-        deepest = deepest->child(deepest->rowCount() - 1);
-    }
+    const QStandardItem *deepest = appendBranch(company.model.item(0), 100);
     company.box.setCurrentModelIndex(deepest->index());
     QVERIFY(company.openPopup());
     const QRect text = company.tree()->visualRect(deepest->index());
     const QRect visible = company.tree()->viewport()->rect();
     QVERIFY(visible.contains(text.left() + 10, text.center().y()));
     QVERIFY(visible.right() - text.left() >= company.box.fontMetrics().horizontalAdvance("Level"));
+}
+
+void TestVXTreeBox::popupDoesNotMoveSidewaysWithoutNeed()
+{
+    CompanyBox company;
+    const QStandardItem *deepest = appendBranch(company.model.item(0), 100);
+    company.box.setCurrentModelIndex(deepest->index());
+    QVERIFY(company.openPopup());
+    const QScrollBar *sideways = company.tree()->horizontalScrollBar();
+    const int shift = sideways->value();
+    QVERIFY(shift > 0);
+    QTest::keyClick(company.tree(), Qt::Key_Up);
+    QCOMPARE(sideways->value(), shift);
+    QTest::keyClick(company.tree(), Qt::Key_Home);
+    QCOMPARE(sideways->value(), 0);
+    QTest::keyClick(company.tree(), Qt::Key_Down);
+    QCOMPARE(sideways->value(), 0);
 }
 
 void TestVXTreeBox::emptyBoxHasNoPopup()
@@ -567,18 +632,37 @@ void TestVXTreeBox::clickOnAnArrowOpensAndCloses_data()
 {
     QTest::addColumn<QString>("row");
     QTest::addColumn<Qt::LayoutDirection>("direction");
-    QTest::newRow("nested") << "North" << Qt::LeftToRight;
-    QTest::newRow("top") << "Museum" << Qt::LeftToRight;
-    QTest::newRow("of a row that cannot be chosen") << "Contractors" << Qt::LeftToRight;
-    QTest::newRow("nested, from right to left") << "North" << Qt::RightToLeft;
+    QTest::addColumn<int>("reactsTo");
+    QTest::newRow("nested") << "North" << Qt::LeftToRight << int(QEvent::MouseButtonPress);
+    QTest::newRow("top") << "Museum" << Qt::LeftToRight << int(QEvent::MouseButtonPress);
+    QTest::newRow("of a row that cannot be chosen")
+        << "Contractors" << Qt::LeftToRight << int(QEvent::MouseButtonPress);
+    QTest::newRow("from right to left") << "North" << Qt::RightToLeft << int(QEvent::MouseButtonPress);
+    QTest::newRow("in a style that waits for the release")
+        << "North" << Qt::LeftToRight << int(QEvent::MouseButtonRelease);
 }
 
 void TestVXTreeBox::clickOnAnArrowOpensAndCloses()
 {
     QFETCH(QString, row);
     QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(int, reactsTo);
+    /// Says which part of a click moves an arrow.
+    class ArrowStyle : public QProxyStyle
+    {
+    public:
+        int reactsTo;
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *data) const override
+        {
+            return hint == SH_ListViewExpand_SelectMouseType ? reactsTo
+                                                             : QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    } style;
+    style.reactsTo = reactsTo;
     CompanyBox company;
     company.box.setLayoutDirection(direction);
+    company.tree()->setStyle(&style);
     QVERIFY(company.openPopup());
     Heard heard(company.box);
     company.click(company.arrowOf(row));
@@ -916,24 +1000,30 @@ void TestVXTreeBox::wheelScrollsThePageInstead()
 
 void TestVXTreeBox::closedBoxPaintsTheName_data()
 {
+    QTest::addColumn<QString>("name");
     QTest::addColumn<int>("height");
     QTest::addColumn<bool>("enabled");
     QTest::addColumn<QColor>("color");
-    QTest::newRow("low, dark text") << 30 << true << QColor(Qt::black);
-    QTest::newRow("high, dark text") << 200 << true << QColor(Qt::black);
-    QTest::newRow("high, light text") << 200 << true << QColor(Qt::white);
-    QTest::newRow("disabled") << 100 << false << QColor(Qt::blue);
+    QTest::newRow("low, dark text") << "Shelf" << 30 << true << QColor(Qt::black);
+    QTest::newRow("high, dark text") << "Shelf" << 200 << true << QColor(Qt::black);
+    QTest::newRow("high, light text") << "Shelf" << 200 << true << QColor(Qt::white);
+    QTest::newRow("disabled") << "Shelf" << 100 << false << QColor(Qt::blue);
+    QTest::newRow("lines") << "She\nlf" << 100 << true << QColor(Qt::black);
+    QTest::newRow("too long") << QString(500, 'W') << 100 << true << QColor(Qt::black);
 }
 
 void TestVXTreeBox::closedBoxPaintsTheName()
 {
+    QFETCH(QString, name);
     QFETCH(int, height);
     QFETCH(bool, enabled);
     QFETCH(QColor, color);
     CompanyBox company;
+    const QPersistentModelIndex node = company.node("Shelf");
+    company.model.itemFromIndex(node)->setText(name);
     QPixmap square(16, 16);
     square.fill(Qt::red);
-    company.model.itemFromIndex(company.node("Shelf"))->setIcon(square);
+    company.model.itemFromIndex(node)->setIcon(square);
     QPalette palette(Qt::gray);
     palette.setColor(enabled ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText, color);
     company.box.setPalette(palette);
@@ -941,7 +1031,7 @@ void TestVXTreeBox::closedBoxPaintsTheName()
     company.box.setFixedSize(400, height);
     company.choose("");
     const QImage without = company.box.grab().toImage();
-    company.choose("Shelf");
+    company.box.setCurrentModelIndex(node);
     const QImage with = company.box.grab().toImage();
 
     // What the name and the icon change lies around the middle line.
@@ -959,6 +1049,7 @@ void TestVXTreeBox::closedBoxPaintsTheName()
     QVERIFY(isIconTinted);
     QVERIFY(qAbs(changed.center().y() - height / 2) <= 3);
     QVERIFY(changed.width() > company.box.fontMetrics().horizontalAdvance("Shelf"));
+    QVERIFY(changed.width() < 385); // not over the arrow
     QVERIFY(changed.height() < 30);
 }
 
@@ -997,6 +1088,21 @@ void TestVXTreeBox::cutOffNameHasAToolTip()
     QVERIFY(company.show());
     QTEST(toolTipAt(&company.box), "shown");
     QToolTip::hideText();
+}
+
+void TestVXTreeBox::longPathIsShortenedAtItsBeginning()
+{
+    CompanyBox company;
+    QStandardItem *deepest = appendBranch(company.model.item(0), 500);
+    deepest->setText("The name that counts");
+    company.box.setFixedSize(60, 100);
+    company.box.setCurrentModelIndex(deepest->index());
+    QVERIFY(company.show());
+    const QString toolTip = toolTipAt(&company.box);
+    QToolTip::hideText();
+    QVERIFY(toolTip.startsWith("<span>… › Level › "));
+    QVERIFY(toolTip.endsWith(" › Level › The name that counts</span>"));
+    QVERIFY(toolTip.size() < 1200);
 }
 
 void TestVXTreeBox::hostileNamesArePainted_data()

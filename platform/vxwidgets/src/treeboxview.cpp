@@ -33,12 +33,15 @@ void TreeBoxView::setRootIndex(const QModelIndex &index)
 
 void TreeBoxView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
-    const int readable = 20 * fontMetrics().averageCharWidth();
-    const int textEnd = textBegin(index) + readable;
-    if (textEnd > header()->length())
-        header()->setMinimumSectionSize(textEnd);
+    const int begin = rowBegin(index);
+    const int end = begin + indentation() + 20 * fontMetrics().averageCharWidth();
+    if (end > header()->length())
+        header()->setMinimumSectionSize(end);
+
+    // The base class goes back to the left edge each time; rows that begin in sight are not to move sideways.
+    const int shift = horizontalScrollBar()->value();
     QTreeView::scrollTo(index, hint);
-    horizontalScrollBar()->setValue(textEnd - viewport()->width());
+    horizontalScrollBar()->setValue(qMax(qMin(shift, begin), end - viewport()->width()));
 }
 
 bool TreeBoxView::isChoosable(const QModelIndex &index)
@@ -115,10 +118,10 @@ void TreeBoxView::showEvent(QShowEvent *event)
     QTreeView::showEvent(event);
 }
 
-int TreeBoxView::textBegin(const QModelIndex &index) const
+int TreeBoxView::rowBegin(const QModelIndex &index) const
 {
     int depth = 0;
-    for (QModelIndex ancestor = index; ancestor.isValid() && ancestor != rootIndex(); ancestor = ancestor.parent())
+    for (QModelIndex parent = index.parent(); parent.isValid() && parent != rootIndex(); parent = parent.parent())
         ++depth;
     return depth * indentation();
 }

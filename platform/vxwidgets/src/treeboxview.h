@@ -23,7 +23,7 @@ public:
     void holdRootIndex(bool hold) { m_isRootHeld = hold; }
     void setRootIndex(const QModelIndex &index) override;
 
-    /// Scrolls sideways as well, to where the text of @p index begins.
+    /// Scrolls sideways as well, if the row of @p index begins out of sight.
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
 
     static bool isChoosable(const QModelIndex &index);
@@ -41,7 +41,8 @@ private:
     bool filterKeyEvent(QEvent *event);
     void release(QMouseEvent *event);
     bool isOnArrow(const QPoint &pos) const;
-    int textBegin(const QModelIndex &index) const;
+    /// How far from the edge of the tree the arrow of @p index is.
+    int rowBegin(const QModelIndex &index) const;
 
     QPoint m_shownAt;              // where the mouse was, in global coordinates
     bool m_isOpeningClick = false; // the button is still down, or was released, from the click that opened the popup

@@ -57,7 +57,6 @@ void VXTreeBox::setCurrentModelIndex(const QModelIndex &index)
 
     // The base class chooses by program only below its root index: lend it the node's parent.
     m_current = node;
-    m_currentRow = node.row();
     m_rootIndex = rootModelIndex();
     m_isRootLent = true;
     m_tree->holdRootIndex(true);
@@ -128,13 +127,8 @@ void VXTreeBox::wheelEvent(QWheelEvent *event)
 
 void VXTreeBox::followCurrentIndex(int row)
 {
-    if (returnRootIndex())
-        return;
-    // Rows that came or went above the chosen node change its row number, otherwise another node was chosen.
-    const bool hasMoved = m_current.isValid() && m_current.row() == row && m_currentRow != row;
-    if (!hasMoved)
+    if (!returnRootIndex())
         m_current = model()->index(row, modelColumn(), rootModelIndex());
-    m_currentRow = row;
 }
 
 bool VXTreeBox::returnRootIndex()
@@ -150,10 +144,9 @@ bool VXTreeBox::returnRootIndex()
 void VXTreeBox::chooseByUser(const QModelIndex &index)
 {
     const QPointer<VXTreeBox> self(this);
+    const QPersistentModelIndex node = index;
     hidePopup();
-    setCurrentModelIndex(index);
-    if (!self)
-        return;
+    setCurrentModelIndex(node);
     Q_EMIT activated(currentIndex());
     if (self)
         Q_EMIT textActivated(currentText());
@@ -331,9 +324,14 @@ bool VXTreeBox::showPathAt(const QPoint &globalPos)
     if (labelText(option) == currentText())
         return false;
 
-    QStringList names;
-    for (QModelIndex node = currentModelIndex(); node.isValid(); node = node.parent())
-        names.prepend(singleLine(node.data().toString()).toHtmlEscaped());
-    QToolTip::showText(globalPos, QStringLiteral("<span>%1</span>").arg(names.join(QStringLiteral(" › "))), this);
+    constexpr int longestPath = 1000;
+    QString path = singleLine(currentText());
+    for (QModelIndex node = currentModelIndex().parent(); node.isValid(); node = node.parent()) {
+        const bool isTooLong = path.size() > longestPath;
+        path.prepend((isTooLong ? QStringLiteral("…") : singleLine(node.data().toString())) + QStringLiteral(" › "));
+        if (isTooLong)
+            break;
+    }
+    QToolTip::showText(globalPos, QStringLiteral("<span>%1</span>").arg(path.toHtmlEscaped()), this);
     return true;
 }

@@ -402,24 +402,36 @@ void TestMainWindow::aFailedSaveIsShown()
 void TestMainWindow::nothingIsCutOff_data()
 {
     QTest::addColumn<int>("group");
-    for (const SettingsPageName &page : settingsPages)
-        QTest::newRow(page.name) << int(page.group);
+    QTest::addColumn<int>("fontSize"); // pixels
+    for (const int fontSize : {13, 14}) {
+        for (const SettingsPageName &page : settingsPages)
+            QTest::addRow("%s, letters of %d", page.name, fontSize) << int(page.group) << fontSize;
+    }
 }
 
 void TestMainWindow::nothingIsCutOff()
 {
     QFETCH(int, group);
+    QFETCH(int, fontSize);
+    QFont font("Sans Serif");
+    font.setPixelSize(fontSize);
+    QApplication::setFont(font);
     const TestDatabase database;
     const Window window(database);
-    QFont font("Sans Serif");
-    font.setPixelSize(13); // 10 points at 96 dots an inch
-    QApplication::setFont(font);
     window.window->resize(1024, 700);
     auto *area = qobject_cast<QScrollArea *>(window.go(DBGroups(group)));
-
-    // Whatever does not fit can be scrolled to, and downwards all of it fits.
-    QVERIFY(area->widget()->width() >= area->widget()->minimumSizeHint().width());
     QTRY_VERIFY(!area->verticalScrollBar()->isVisible());
+
+    QStringList cutCaptions;
+    for (const QLabel *label : area->findChildren<QLabel *>()) {
+        if (label->isVisible() && label->height() < label->heightForWidth(label->width()))
+            cutCaptions << label->text();
+    }
+    QEXPECT_FAIL("scanning-common, letters of 14", "a caption below a wider editor is given too few lines", Continue);
+    QCOMPARE(cutCaptions, QStringList());
+
+    // What is wider than the window can be scrolled to.
+    QVERIFY(area->widget()->width() >= area->widget()->minimumSizeHint().width());
     const QWidget *bar = window.save()->parentWidget();
     QVERIFY(bar->geometry().bottom() <= window.window->height());
     QVERIFY(window.save()->width() >= window.save()->sizeHint().width());

@@ -23,7 +23,7 @@ public:
     /// Shows the objects through @p proxy and becomes the owner of its source model. The proxy stays with its parent;
     /// one that the selector is the parent of is deleted when another one is set. Nothing happens for a null pointer.
     void setProxyModel(ObjectTreeProxy *proxy);
-    /// Null before setProxyModel().
+    /// Null before setProxyModel(); until then nothing is shown.
     ObjectTreeProxy *proxyModel() const;
 
     /// Whose objects to show, for instance "orgstructure".

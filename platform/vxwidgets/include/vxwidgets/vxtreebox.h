@@ -73,7 +73,6 @@ private:
     TreeBoxView *m_tree; // child of the popup
     QPersistentModelIndex m_defaultRoot;
     QPersistentModelIndex m_current;
-    int m_currentRow = -1; // of m_current when the base class spoke last
     QPersistentModelIndex m_rootIndex;
     bool m_isRootLent = false;
     QString m_searched;

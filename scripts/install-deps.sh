@@ -9,7 +9,7 @@ run_packages=(
     cmake g++ ninja-build
     qtbase5-dev qttools5-dev qttools5-dev-tools
     libqt5svg5 libqt5sql5-sqlite
-    fonts-dejavu-core
+    fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
     clang-format clang-tidy codespell gcovr git libbenchmark-dev python3 shellcheck sqlite3 valgrind xauth xvfb

@@ -73,7 +73,11 @@ protected:
     /// The value last passed to setValue().
     QVariant storedValue() const;
 
+    bool event(QEvent *event) override;
+
 private:
+    void keepCaptionsWhole();
+
     std::unique_ptr<Ui_DBParamWidget> m_ui;
     QVariant m_storedValue;
     QString m_key;

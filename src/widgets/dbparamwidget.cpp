@@ -2,6 +2,8 @@
 
 #include "ui_dbparamwidget.h"
 
+#include <QEvent>
+
 namespace {
 
 QString centralWidgetName()
@@ -129,4 +131,22 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
     setLabelVisible(m_ui->topLabel, position == LabelPosition::Top);
     setLabelVisible(m_ui->rightLabel, position == LabelPosition::Right);
     setLabelVisible(m_ui->bottomLabel, position == LabelPosition::Bottom);
+}
+
+bool DBParamWidget::event(QEvent *event)
+{
+    const bool isHandled = QWidget::event(event);
+    if (isVisible() && (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest))
+        keepCaptionsWhole();
+    return isHandled;
+}
+
+void DBParamWidget::keepCaptionsWhole()
+{
+    // A caption keeps its preferred width in a wider column, but the layout asks for its height at the column's width,
+    // where it needs fewer lines.
+    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+        if (label->isVisible() && label->height() < label->sizeHint().height())
+            label->setMinimumHeight(label->sizeHint().height());
+    }
 }

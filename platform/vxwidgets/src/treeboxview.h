@@ -14,8 +14,9 @@ public:
     /// Without a parent: moving the view out of a large window into its popup would be slow.
     TreeBoxView();
 
-    /// To be called once the view is in its popup. From then on it takes models, one at a time being dear enough, and
-    /// looks at each event before the popup does, which would take any release of the mouse for a choice.
+    /// To be called once the view is in its popup, which has to look at each event after it: the popup would take any
+    /// release of the mouse for a choice. Until then setModel() is ignored, because each model that is soon replaced
+    /// costs as much as the one that stays.
     void settle();
     void setModel(QAbstractItemModel *model) override;
 

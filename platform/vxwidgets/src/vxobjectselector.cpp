@@ -6,7 +6,7 @@
 #include <QSignalBlocker>
 
 VXObjectSelector::VXObjectSelector(QWidget *parent)
-    : VXTreeBox(ModelComesLater(), parent)
+    : VXTreeBox(modelComesLater, parent)
     , m_objects(new ObjectModel(this))
 {
     connect(this, qOverload<int>(&QComboBox::currentIndexChanged), this, &VXObjectSelector::followChoice);

@@ -24,7 +24,7 @@ constexpr int textMargin = 1;  // and on either side of the text
 } // namespace
 
 VXTreeBox::VXTreeBox(QWidget *parent)
-    : VXTreeBox(ModelComesLater(), parent)
+    : VXTreeBox(modelComesLater, parent)
 {
     m_tree->setModel(model());
 }

@@ -37,8 +37,7 @@ public:
 
 protected:
     /// For a derived class that sets a model before anybody sees the box: the view is spared the default one.
-    struct ModelComesLater
-    {};
+    enum ModelComesLater { modelComesLater };
     VXTreeBox(ModelComesLater, QWidget *parent);
 
     bool event(QEvent *event) override;

@@ -144,8 +144,8 @@ QString JsonMembers::text() const
     QString text = QStringLiteral("{\n");
     const char *separator = "";
     for (const auto &[name, member] : m_members) {
-        text += QLatin1String(separator) + QStringLiteral("    ") + member.writtenName + QStringLiteral(": ")
-                + member.writtenValues.last();
+        text += QLatin1String(separator) + QStringLiteral("    ") + member.writtenName + QStringLiteral(": ") +
+                member.writtenValues.last();
         separator = ",\n";
     }
     return text + QLatin1String(m_members.empty() ? "}\n" : "\n}\n");

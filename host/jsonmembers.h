@@ -26,15 +26,15 @@ public:
 
     /// The value of @p name, which is the last one if there are several; undefined if there is no such member.
     QJsonValue value(const QString &name) const;
-    /// The same as a text: a JSON string's own text, a number, true or false as it is written. Nothing for null, an array
-    /// or an object, and if there is no such member.
+    /// The same as a text: a JSON string's own text, a number, true or false as it is written. Nothing for null, an
+    /// array or an object, and if there is no such member.
     std::optional<QString> scalar(const QString &name) const;
 
     /// Makes the JSON string @p text the only value of @p name.
     void setText(const QString &name, const QString &text);
 
-    /// The object with a member a line, ascending, and a final line break: what the settings library writes for the same
-    /// members. Values stay as they are written; of several values of one name the last one.
+    /// The object with a member a line, ascending, and a final line break: what the settings library writes for the
+    /// same members. Values stay as they are written; of several values of one name the last one.
     QString text() const;
 
 private:

@@ -8,8 +8,8 @@ namespace {
 
 bool isOffered(const QString &dataName, const QString &type)
 {
-    return dataName != vantorix::ORGSTRUCTURE_DATANAME || type == db::orgstructure::SUBJECTROOT
-           || type == db::orgstructure::FIRM || type == db::orgstructure::DEPARTMENT;
+    return dataName != vantorix::ORGSTRUCTURE_DATANAME || type == db::orgstructure::SUBJECTROOT ||
+           type == db::orgstructure::FIRM || type == db::orgstructure::DEPARTMENT;
 }
 } // namespace
 

@@ -5,7 +5,7 @@
 
 #include <vxsettings/dbsettingshelper.h>
 
-#include <algorithm>
+#include <QPair>
 
 namespace {
 
@@ -41,11 +41,11 @@ struct Index
     void add(const SettingAddress &address, DBGroups group)
     {
         addresses.append(address);
-        groups.insert(address.text(), group);
+        groups.insert({address.key, address.member}, group);
     }
 
     QVector<SettingAddress> addresses;
-    QHash<QString, DBGroups> groups;
+    QHash<QPair<QString, QString>, DBGroups> groups; // by key and member
 };
 
 const Index &index()
@@ -69,8 +69,8 @@ QString context(const SettingAddress &address, const QString &caption)
 {
     QString context;
     for (const SettingAddress &other : index().addresses) {
-        const bool isAlike = !other.isJsonObject() && !(other == address)
-                             && DBSettingsHelper::paramName(other.parameter()) == caption;
+        const bool isAlike =
+            !other.isJsonObject() && !(other == address) && DBSettingsHelper::paramName(other.parameter()) == caption;
         if (isAlike && other.group() == address.group())
             return switchCaption(address);
         if (isAlike)
@@ -101,7 +101,7 @@ QString SettingAddress::text() const
 
 bool SettingAddress::isKnown() const
 {
-    return index().groups.contains(text());
+    return index().groups.contains({key, member});
 }
 
 bool SettingAddress::isJsonObject() const
@@ -111,7 +111,7 @@ bool SettingAddress::isJsonObject() const
 
 DBGroups SettingAddress::group() const
 {
-    return index().groups.value(text());
+    return index().groups.value({key, member});
 }
 
 const QString &SettingAddress::parameter() const

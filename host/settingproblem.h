@@ -11,21 +11,21 @@ struct SettingProblem
 public:
     enum class Kind {
         None,
-        NotANumber,       ///< where a whole number belongs
-        OutOfRange,       ///< a number that the editor would clamp
-        UnknownChoice,    ///< none of the choices
-        NotAFlag,         ///< neither true nor false
-        NotALine,         ///< a text with control characters, or not valid Unicode
-        TooLong,          ///< a text that the editor would cut off
-        ObjectGone,       ///< a reference to an object that does not exist
+        NotANumber,        ///< where a whole number belongs
+        OutOfRange,        ///< a number that the editor would clamp
+        UnknownChoice,     ///< none of the choices
+        NotAFlag,          ///< neither true nor false
+        NotALine,          ///< a text with control characters, or not valid Unicode
+        TooLong,           ///< a text that the editor would cut off
+        ObjectGone,        ///< a reference to an object that does not exist
         ObjectOfOtherType, ///< a reference to an object that the selector does not offer
-        ObjectNotGranted, ///< a reference to an object that the operator may not see
-        NotAJsonObject,   ///< a text that is not one JSON object
-        DuplicateMember,  ///< a name that occurs more than once in a JSON object
-        NotAScalar,       ///< null, an array or an object as the value of a member
-        UnknownMember,    ///< a member that no editor shows
-        UnknownKey,       ///< a key that no editor shows
-        BrokenRule,       ///< values that contradict each other, see SettingRules
+        ObjectNotGranted,  ///< a reference to an object that the operator may not see
+        NotAJsonObject,    ///< a text that is not one JSON object
+        DuplicateMember,   ///< a name that occurs more than once in a JSON object
+        NotAScalar,        ///< null, an array or an object as the value of a member
+        UnknownMember,     ///< a member that no editor shows
+        UnknownKey,        ///< a key that no editor shows
+        BrokenRule,        ///< values that contradict each other, see SettingRules
     };
 
     /// A sentence in the current language; null for None and for BrokenRule, which has words of its own.

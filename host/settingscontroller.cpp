@@ -99,7 +99,7 @@ SaveResult SettingsController::save(const Consent &consent)
         return SaveResult::unreadable(unreadable);
 
     const OBJECT_PARAMETERS texts = textsToStore(expected);
-    const SaveResult result = m_store.save(texts, expected);
+    SaveResult result = m_store.save(texts, expected);
     if (result.isDone())
         adopt(texts);
     return result;

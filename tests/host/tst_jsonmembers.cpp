@@ -95,12 +95,18 @@ void TestJsonMembers::scalar_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("scalar"); // null for none
 
-    QTest::newRow("text") << R"("a \"b\" \u0444")" << "a \"b\" ф";
-    QTest::newRow("empty text") << R"("")" << "";
-    QTest::newRow("number") << "8" << "8";
-    QTest::newRow("number with a fraction") << "2.50" << "2.50";
-    QTest::newRow("number with an exponent") << "1e3" << "1e3";
-    QTest::newRow("true") << "true" << "true";
+    QTest::newRow("text") << R"("a \"b\" \u0444")"
+                          << "a \"b\" ф";
+    QTest::newRow("empty text") << R"("")"
+                                << "";
+    QTest::newRow("number") << "8"
+                            << "8";
+    QTest::newRow("number with a fraction") << "2.50"
+                                            << "2.50";
+    QTest::newRow("number with an exponent") << "1e3"
+                                             << "1e3";
+    QTest::newRow("true") << "true"
+                          << "true";
     QTest::newRow("null") << "null" << QString();
     QTest::newRow("array") << "[1]" << QString();
     QTest::newRow("object") << R"({"a": 1})" << QString();

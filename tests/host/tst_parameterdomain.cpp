@@ -3,6 +3,7 @@
 #include <host/settingaddress.h>
 #include <host/settingspages.h>
 
+#include "loggingrules.h"
 #include "messages.h"
 #include "storedsettings.h"
 #include "translation.h"
@@ -77,28 +78,50 @@ void TestParameterDomain::stored_data()
     QTest::addColumn<QString>("words");
     QTest::addColumn<QString>("stored");
 
-    QTest::newRow("number") << MAX_CARD_COUNT << "5" << "5";
-    QTest::newRow("number with zeros before it") << MAX_CARD_COUNT << "007" << "7";
-    QTest::newRow("number below zero") << MAX_CARD_COUNT << "-05" << "-5";
-    QTest::newRow("minus zero") << MAX_CARD_COUNT << "-0" << "0";
-    QTest::newRow("number with blanks") << MAX_CARD_COUNT << " 5" << " 5";
-    QTest::newRow("number with a plus") << MAX_CARD_COUNT << "+5" << "+5";
-    QTest::newRow("what stands for the minimum") << USER_SESSION_TIMEOUT << "без ограничений" << "0";
-    QTest::newRow("the same where it does not") << PASSWORD_EXPIRED << "Без ограничений" << "Без ограничений";
-    QTest::newRow("choice by number") << CARD_VIEW_FORMAT << "1" << "1";
-    QTest::newRow("choice by caption") << CARD_VIEW_FORMAT << "Шестнадцатеричный" << "1";
-    QTest::newRow("choice by caption in capitals") << CARD_VIEW_FORMAT << "СЕМЕЙСТВО-КОД" << "2";
-    QTest::newRow("choice whose captions are turned round") << MOBILE_WITHOUT_PHOTO << "да" << "0";
-    QTest::newRow("no choice") << CARD_VIEW_FORMAT << "Шестнадцатеричн" << "Шестнадцатеричн";
-    QTest::newRow("flag") << json::DENY_EQUAL << "true" << "true";
-    QTest::newRow("flag as a number") << json::DENY_EQUAL << "0" << "false";
-    QTest::newRow("flag in words") << json::DENY_EQUAL << "Да" << "true";
-    QTest::newRow("flag in other words") << json::DENY_EQUAL << "NO" << "false";
-    QTest::newRow("no flag") << json::DENY_EQUAL << "2" << "2";
-    QTest::newRow("object") << DEFAULT_DEPARTMENT << "0003" << "3";
-    QTest::newRow("no object") << DEFAULT_DEPARTMENT << "" << "0";
-    QTest::newRow("text") << MOBILE_HOST << " Host " << " Host ";
-    QTest::newRow("empty text") << MOBILE_HOST << "" << "";
+    QTest::newRow("number") << MAX_CARD_COUNT << "5"
+                            << "5";
+    QTest::newRow("number with zeros before it") << MAX_CARD_COUNT << "007"
+                                                 << "7";
+    QTest::newRow("number below zero") << MAX_CARD_COUNT << "-05"
+                                       << "-5";
+    QTest::newRow("minus zero") << MAX_CARD_COUNT << "-0"
+                                << "0";
+    QTest::newRow("number with blanks") << MAX_CARD_COUNT << " 5"
+                                        << " 5";
+    QTest::newRow("number with a plus") << MAX_CARD_COUNT << "+5"
+                                        << "+5";
+    QTest::newRow("what stands for the minimum") << USER_SESSION_TIMEOUT << "без ограничений"
+                                                 << "0";
+    QTest::newRow("the same where it does not") << PASSWORD_EXPIRED << "Без ограничений"
+                                                << "Без ограничений";
+    QTest::newRow("choice by number") << CARD_VIEW_FORMAT << "1"
+                                      << "1";
+    QTest::newRow("choice by caption") << CARD_VIEW_FORMAT << "Шестнадцатеричный"
+                                       << "1";
+    QTest::newRow("choice by caption in capitals") << CARD_VIEW_FORMAT << "СЕМЕЙСТВО-КОД"
+                                                   << "2";
+    QTest::newRow("choice whose captions are turned round") << MOBILE_WITHOUT_PHOTO << "да"
+                                                            << "0";
+    QTest::newRow("no choice") << CARD_VIEW_FORMAT << "Шестнадцатеричн"
+                               << "Шестнадцатеричн";
+    QTest::newRow("flag") << json::DENY_EQUAL << "true"
+                          << "true";
+    QTest::newRow("flag as a number") << json::DENY_EQUAL << "0"
+                                      << "false";
+    QTest::newRow("flag in words") << json::DENY_EQUAL << "Да"
+                                   << "true";
+    QTest::newRow("flag in other words") << json::DENY_EQUAL << "NO"
+                                         << "false";
+    QTest::newRow("no flag") << json::DENY_EQUAL << "2"
+                             << "2";
+    QTest::newRow("object") << DEFAULT_DEPARTMENT << "0003"
+                            << "3";
+    QTest::newRow("no object") << DEFAULT_DEPARTMENT << ""
+                               << "0";
+    QTest::newRow("text") << MOBILE_HOST << " Host "
+                          << " Host ";
+    QTest::newRow("empty text") << MOBILE_HOST << ""
+                                << "";
 }
 
 void TestParameterDomain::stored()
@@ -210,10 +233,47 @@ void TestParameterDomain::allowed()
 void TestParameterDomain::shownAsTheEditorsShowIt_data()
 {
     QTest::addColumn<QString>("text");
-    for (const char *text :
-         {"", "0", "1", "2", "3", "4", "5", "8", "9", "19", "21", "99", "100", "9999", "10000", "65536", "-1", "-5", "007",
-          "+4", " 5", "5 ", "5.5", "1e3", "0x10", "2147483647", "2147483648", "-2147483649", "4294967295", "4294967297",
-          "99999999999999999999", "true", "false", "TRUE", "False", "Да", "abc", "two\nlines", "\t", "{}", "null"})
+    for (const char *text : {"",
+                             "0",
+                             "1",
+                             "2",
+                             "3",
+                             "4",
+                             "5",
+                             "8",
+                             "9",
+                             "19",
+                             "21",
+                             "99",
+                             "100",
+                             "9999",
+                             "10000",
+                             "65536",
+                             "-1",
+                             "-5",
+                             "007",
+                             "+4",
+                             " 5",
+                             "5 ",
+                             "5.5",
+                             "1e3",
+                             "0x10",
+                             "2147483647",
+                             "2147483648",
+                             "-2147483649",
+                             "4294967295",
+                             "4294967297",
+                             "99999999999999999999",
+                             "true",
+                             "false",
+                             "TRUE",
+                             "False",
+                             "Да",
+                             "abc",
+                             "two\nlines",
+                             "\t",
+                             "{}",
+                             "null"})
         QTest::newRow(text[0] ? text : "empty") << QString::fromUtf8(text);
     QTest::newRow("longer than any line") << QString(40000, '7');
 }
@@ -228,6 +288,7 @@ void TestParameterDomain::shownAsTheEditorsShowIt()
         settings.insert(address.key, text);
     const StoredSettings stored(settings);
 
+    const LoggingRules quiet("gui.lib.dbsettings.debug=false");
     int compared = 0;
     for (const SettingsPageName &page : settingsPages) {
         const auto tree = DBSettingsGroupFactory::create(page.group, nullptr, nullptr);
@@ -245,9 +306,12 @@ void TestParameterDomain::shownAsTheEditorsShowIt()
 void TestParameterDomain::membersShownAsTheEditorsShowThem_data()
 {
     QTest::addColumn<QString>("value");
-    for (const char *value : {R"("")", R"("7")", R"("-5")", R"("abc")", R"("5.5")", R"("true")", R"("false")", R"("0")",
-                              R"("TRUE")", R"(" 6")", "0", "1", "5", "-5", "19", "8.4", "8.5", "0.4", "1e1", "2147483648",
-                              "18446744073709551615", "-1e400", "true", "false", "null", "[]", "[7]", "{}", R"({"a": 7})"})
+    for (const char *value :
+         {R"("")",      R"("7")",    R"("-5")", R"("abc")", R"("5.5")", R"("true")",  R"("false")",
+          R"("0")",     R"("TRUE")", R"(" 6")", "0",        "1",        "5",          "-5",
+          "19",         "8.4",       "8.5",     "0.4",      "1e1",      "2147483648", "18446744073709551615",
+          "-1e400",     "true",      "false",   "null",     "[]",       "[7]",        "{}",
+          R"({"a": 7})"})
         QTest::newRow(value) << QString::fromUtf8(value);
 }
 
@@ -264,6 +328,7 @@ void TestParameterDomain::membersShownAsTheEditorsShowThem()
         settings[key] += '}';
     const StoredSettings stored(settings);
 
+    const LoggingRules quiet("gui.lib.dbsettings.debug=false");
     int compared = 0;
     for (const DBGroups group : {DBGroups::Employees, DBGroups::Users, DBGroups::PalmScanning}) {
         const auto tree = DBSettingsGroupFactory::create(group, nullptr, nullptr);

@@ -48,17 +48,31 @@ void TestSettingAddress::fromText_data()
     QTest::newRow("key") << "PT_MOBILE_PORT" << MOBILE_PORT << "" << true;
     QTest::newRow("JSON object") << "PT_PIN_STRENGTH" << PIN_STRENGTH << "" << true;
     QTest::newRow("member") << "PT_PIN_STRENGTH.min_len" << PIN_STRENGTH << "min_len" << true;
-    QTest::newRow("member of another object") << "PT_PIN_STRENGTH.admit_empty_password" << PIN_STRENGTH
-                                              << "admit_empty_password" << false;
+    QTest::newRow("member of another object")
+        << "PT_PIN_STRENGTH.admit_empty_password" << PIN_STRENGTH << "admit_empty_password" << false;
     QTest::newRow("member of no object") << "PT_MOBILE_PORT.min_len" << MOBILE_PORT << "min_len" << false;
     QTest::newRow("member of a member") << "PT_PIN_STRENGTH.min_len.x" << PIN_STRENGTH << "min_len.x" << false;
-    QTest::newRow("member without its key") << "min_len" << "min_len" << "" << false;
-    QTest::newRow("dot at the end") << "PT_PIN_STRENGTH." << "PT_PIN_STRENGTH." << "" << false;
-    QTest::newRow("dot at the beginning") << ".min_len" << "" << "min_len" << false;
-    QTest::newRow("dot alone") << "." << "." << "" << false;
-    QTest::newRow("empty") << "" << "" << "" << false;
-    QTest::newRow("case differs") << "pt_mobile_port" << "pt_mobile_port" << "" << false;
-    QTest::newRow("blank behind it") << "PT_MOBILE_PORT " << "PT_MOBILE_PORT " << "" << false;
+    QTest::newRow("member without its key") << "min_len"
+                                            << "min_len"
+                                            << "" << false;
+    QTest::newRow("dot at the end") << "PT_PIN_STRENGTH."
+                                    << "PT_PIN_STRENGTH."
+                                    << "" << false;
+    QTest::newRow("dot at the beginning") << ".min_len"
+                                          << ""
+                                          << "min_len" << false;
+    QTest::newRow("dot alone") << "."
+                               << "."
+                               << "" << false;
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "" << false;
+    QTest::newRow("case differs") << "pt_mobile_port"
+                                  << "pt_mobile_port"
+                                  << "" << false;
+    QTest::newRow("blank behind it") << "PT_MOBILE_PORT "
+                                     << "PT_MOBILE_PORT "
+                                     << "" << false;
 }
 
 void TestSettingAddress::fromText()
@@ -119,18 +133,22 @@ void TestSettingAddress::caption_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("caption");
 
-    QTest::newRow("only one of that caption") << "PT_MOBILE_PORT" << "Порт";
-    QTest::newRow("JSON object") << "PT_PIN_STRENGTH" << "Сложность пин-кода";
-    QTest::newRow("member, only one of that caption")
-        << "PT_PIN_STRENGTH.deny_equal" << "Запрещать одинаковые цифры подряд";
-    QTest::newRow("another page has the same") << "PT_DEFAULT_DEPARTMENT" << "Заявки: Подразделение по умолчанию";
-    QTest::newRow("another object has the same")
-        << "PT_PASSWORD_STRENGTH.min_len" << "Сложность пароля: Минимальная длина";
+    QTest::newRow("only one of that caption") << "PT_MOBILE_PORT"
+                                              << "Порт";
+    QTest::newRow("JSON object") << "PT_PIN_STRENGTH"
+                                 << "Сложность пин-кода";
+    QTest::newRow("member, only one of that caption") << "PT_PIN_STRENGTH.deny_equal"
+                                                      << "Запрещать одинаковые цифры подряд";
+    QTest::newRow("another page has the same") << "PT_DEFAULT_DEPARTMENT"
+                                               << "Заявки: Подразделение по умолчанию";
+    QTest::newRow("another object has the same") << "PT_PASSWORD_STRENGTH.min_len"
+                                                 << "Сложность пароля: Минимальная длина";
     QTest::newRow("the same object has the same")
         << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.left_contact_palm_min"
         << "Требование количества ладоней для контактных вен: Минимальное количество левых ладоней";
-    QTest::newRow("its twin") << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.left_non_contact_palm_min"
-                              << "Требование количества ладоней для бесконтактных вен: Минимальное количество левых ладоней";
+    QTest::newRow("its twin")
+        << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.left_non_contact_palm_min"
+        << "Требование количества ладоней для бесконтактных вен: Минимальное количество левых ладоней";
 }
 
 void TestSettingAddress::caption()
@@ -162,17 +180,23 @@ void TestSettingAddress::valueIn_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("value"); // null for none
 
-    QTest::newRow("key") << "PT_MOBILE_PORT" << "8443";
-    QTest::newRow("key with an empty text") << "PT_MOBILE_HOST" << "";
+    QTest::newRow("key") << "PT_MOBILE_PORT"
+                         << "8443";
+    QTest::newRow("key with an empty text") << "PT_MOBILE_HOST"
+                                            << "";
     QTest::newRow("key that is not stored") << "PT_MAX_CARD_COUNT" << QString();
-    QTest::newRow("whole object") << "PT_PIN_STRENGTH" << R"({"min_len": "4", "max_len": 8, "deny_equal": null})";
-    QTest::newRow("member") << "PT_PIN_STRENGTH.min_len" << "4";
-    QTest::newRow("member that is a number") << "PT_PIN_STRENGTH.max_len" << "8";
+    QTest::newRow("whole object") << "PT_PIN_STRENGTH"
+                                  << R"({"min_len": "4", "max_len": 8, "deny_equal": null})";
+    QTest::newRow("member") << "PT_PIN_STRENGTH.min_len"
+                            << "4";
+    QTest::newRow("member that is a number") << "PT_PIN_STRENGTH.max_len"
+                                             << "8";
     QTest::newRow("member that is null") << "PT_PIN_STRENGTH.deny_equal" << QString();
     QTest::newRow("member that is missing") << "PT_PIN_STRENGTH.deny_sequence" << QString();
     QTest::newRow("member of what is no object") << "PT_PASSWORD_STRENGTH.min_len" << QString();
     QTest::newRow("member of what is not stored") << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.x" << QString();
-    QTest::newRow("member that no editor shows") << "PT_OTHER.zone" << "7";
+    QTest::newRow("member that no editor shows") << "PT_OTHER.zone"
+                                                 << "7";
 }
 
 void TestSettingAddress::valueIn()
@@ -198,14 +222,22 @@ void TestSettingAddress::textWith_data()
     QTest::addColumn<QString>("text"); // null for none
 
     const QString alone = "{\n    \"min_len\": \"6\"\n}\n";
-    QTest::newRow("key") << "PT_MOBILE_PORT" << "8443" << "6";
-    QTest::newRow("member beside others") << "PT_PIN_STRENGTH.min_len" << R"({"zone": [1], "min_len": 4, "x": 2.50})"
+    QTest::newRow("key") << "PT_MOBILE_PORT"
+                         << "8443"
+                         << "6";
+    QTest::newRow("member beside others") << "PT_PIN_STRENGTH.min_len"
+                                          << R"({"zone": [1], "min_len": 4, "x": 2.50})"
                                           << "{\n    \"min_len\": \"6\",\n    \"x\": 2.50,\n    \"zone\": [1]\n}\n";
-    QTest::newRow("member of an empty object") << "PT_PIN_STRENGTH.min_len" << "{}" << alone;
+    QTest::newRow("member of an empty object") << "PT_PIN_STRENGTH.min_len"
+                                               << "{}" << alone;
     QTest::newRow("member where nothing is stored") << "PT_PIN_STRENGTH.min_len" << QString() << alone;
-    QTest::newRow("member where only blanks are stored") << "PT_PIN_STRENGTH.min_len" << " \n" << alone;
-    QTest::newRow("member of another text") << "PT_PIN_STRENGTH.min_len" << "[]" << QString();
-    QTest::newRow("member beside duplicates") << "PT_PIN_STRENGTH.min_len" << R"({"x": 1, "x": 2})" << QString();
+    QTest::newRow("member where only blanks are stored") << "PT_PIN_STRENGTH.min_len"
+                                                         << " \n"
+                                                         << alone;
+    QTest::newRow("member of another text") << "PT_PIN_STRENGTH.min_len"
+                                            << "[]" << QString();
+    QTest::newRow("member beside duplicates") << "PT_PIN_STRENGTH.min_len"
+                                              << R"({"x": 1, "x": 2})" << QString();
 }
 
 void TestSettingAddress::textWith()

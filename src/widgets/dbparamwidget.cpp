@@ -135,8 +135,11 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
 
 bool DBParamWidget::event(QEvent *event)
 {
+    if (event->type() != QEvent::Show && event->type() != QEvent::LayoutRequest)
+        return QWidget::event(event);
+
     const bool isHandled = QWidget::event(event);
-    if (isVisible() && (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest))
+    if (isVisible())
         keepCaptionsWhole();
     return isHandled;
 }

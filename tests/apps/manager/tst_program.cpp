@@ -26,7 +26,8 @@ public:
     explicit Program(const QStringList &arguments, const QStringList &variables = {})
     {
         QProcessEnvironment environment;
-        environment.insert("PATH", qEnvironmentVariable("PATH"));
+        for (const char *kept : {"PATH", "LSAN_OPTIONS", "UBSAN_OPTIONS"})
+            environment.insert(kept, qEnvironmentVariable(kept));
         environment.insert("HOME", m_home.path());
         for (const QString &variable : variables)
             environment.insert(variable.section('=', 0, 0), variable.section('=', 1));

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "report.h"
+
+#include <QFlags>
+
+#include <climits>
+
+class Session;
+
+/// What can be asked for with two dashes.
+enum class Option {
+    Help = 1 << 0,
+    Version = 1 << 1,
+    Database = 1 << 2,
+    Json = 1 << 3,
+    DryRun = 1 << 4,
+    WithSecrets = 1 << 5,
+    Stdin = 1 << 6,
+    Repair = 1 << 7,
+    Sample = 1 << 8,
+};
+Q_DECLARE_FLAGS(Options, Option)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Options)
+
+/// Those that every command has.
+constexpr Options commonOptions = Options(Option::Help) | Option::Version | Option::Database | Option::Json;
+
+/// Texts are Russian source texts of the context "CommandTable".
+struct OptionDescription
+{
+    Option option;
+    char letter; ///< short for the name; 0 if there is none
+    const char *name;
+    const char *value; ///< what it stands before; null for a mere switch
+    const char *text;
+};
+
+/// How many arguments a command takes, both inclusive.
+struct ArgumentCount
+{
+    int least;
+    int most = INT_MAX;
+};
+
+/// Texts are Russian source texts of the context "CommandTable".
+struct Command
+{
+    const char *name;
+    const char *arguments; ///< for people; null if there are none
+    ArgumentCount count;
+    Options options; ///< beside the common ones
+    const char *summary;
+    const char *details; ///< null if the summary says everything
+    Report (*run)(Session &session);
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "command.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QVector>
+
+/// All commands and options, and the help that is made of them.
+class CommandTable
+{
+    Q_DECLARE_TR_FUNCTIONS(CommandTable)
+
+public:
+    /// In the order in which the help tells of them.
+    static QVector<Command> commands();
+    static QVector<OptionDescription> options();
+
+    /// Null if there is none of that name.
+    static const Command *find(const QString &name);
+    /// Without the dashes.
+    static QString name(Option option);
+
+    static QString help();
+    static QString help(const Command &command);
+
+private:
+    static QString optionHelp(Options options);
+    static QString statusHelp();
+    static QString synopsis(const Command &command);
+};

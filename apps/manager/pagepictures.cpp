@@ -3,7 +3,9 @@
 #include <host/settingscontroller.h>
 #include <host/settingspages.h>
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QPixmap>
 #include <QTextStream>
 #include <QVBoxLayout>
@@ -12,6 +14,15 @@
 namespace {
 
 constexpr int width = 960; // or what the page needs at least
+
+void fitToContent(QWidget &sheet)
+{
+    const QLayout *layout = sheet.layout();
+    const int sheetWidth = qMax(width, layout->totalMinimumSize().width());
+    const int sheetHeight =
+        layout->hasHeightForWidth() ? layout->totalHeightForWidth(sheetWidth) : layout->totalSizeHint().height();
+    sheet.resize(sheetWidth, sheetHeight);
+}
 
 QPixmap picture(SettingsController &controller, DBGroups group)
 {
@@ -23,10 +34,10 @@ QPixmap picture(SettingsController &controller, DBGroups group)
     // Widgets have their final sizes and fonts only once they are shown.
     sheet.resize(width, 1);
     sheet.show();
-    const int sheetWidth = qMax(width, layout->totalMinimumSize().width());
-    const int sheetHeight =
-        layout->hasHeightForWidth() ? layout->totalHeightForWidth(sheetWidth) : layout->totalSizeHint().height();
-    sheet.resize(sheetWidth, sheetHeight);
+    fitToContent(sheet);
+    // At its new width a caption may ask for another line.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    fitToContent(sheet);
     return sheet.grab();
 }
 } // namespace

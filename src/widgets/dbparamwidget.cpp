@@ -135,13 +135,18 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
 
 bool DBParamWidget::event(QEvent *event)
 {
-    if (event->type() != QEvent::Show && event->type() != QEvent::LayoutRequest)
+    switch (event->type()) {
+    case QEvent::LayoutRequest:
+    case QEvent::Resize:
+    case QEvent::Show: {
+        const bool isHandled = QWidget::event(event);
+        if (isVisible())
+            keepCaptionsWhole();
+        return isHandled;
+    }
+    default:
         return QWidget::event(event);
-
-    const bool isHandled = QWidget::event(event);
-    if (isVisible())
-        keepCaptionsWhole();
-    return isHandled;
+    }
 }
 
 void DBParamWidget::keepCaptionsWhole()

@@ -19,8 +19,9 @@ namespace {
 
 constexpr int minimumPopupWidth = 240;
 constexpr int minimumPopupRows = 3;
-constexpr int iconSpacing = 4; // what styles put between the icon of a combo box and its text
-constexpr int textMargin = 1;  // and on either side of the text
+constexpr int iconSpacing = 4;          // what styles put between the icon of a combo box and its text
+constexpr int textMargin = 1;           // and on either side of the text
+constexpr qreal ancestorOpacity = 0.65; // of the text colour: the chosen node stands out, the way to it can be read
 } // namespace
 
 VXTreeBox::VXTreeBox(QWidget *parent)
@@ -117,7 +118,11 @@ void VXTreeBox::paintEvent(QPaintEvent *)
 
     QStylePainter painter(this);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    const QStringList branch = shownBranch(option);
+    if (branch.count() > 1)
+        drawBranch(painter, option, branch);
+    else
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void VXTreeBox::wheelEvent(QWheelEvent *event)
@@ -310,9 +315,61 @@ QModelIndex VXTreeBox::choosableFrom(QModelIndex index, Neighbour next) const
     return index;
 }
 
+QStringList VXTreeBox::shownBranch(const QStyleOptionComboBox &option) const
+{
+    const int lines = labelRect(option).height() / branchLineHeight(option);
+    QStringList names;
+    for (QModelIndex node = currentModelIndex(); node.isValid() && names.count() < lines; node = node.parent())
+        names.prepend(singleLine(node.data().toString()));
+    return names;
+}
+
+void VXTreeBox::drawBranch(QStylePainter &painter, const QStyleOptionComboBox &option, const QStringList &branch) const
+{
+    const int height = branchLineHeight(option);
+    const int indentation = fontMetrics().averageCharWidth() * 2;
+    QRect line = labelRect(option).adjusted(iconSpacing, 0, 0, 0);
+    line.setTop(line.center().y() - height * branch.count() / 2);
+    line.setHeight(height);
+
+    QPalette ancestors = palette();
+    QColor faint = palette().color(QPalette::ButtonText);
+    faint.setAlphaF(ancestorOpacity);
+    ancestors.setColor(QPalette::ButtonText, faint);
+    for (int i = 0; i < branch.count() - 1; ++i) {
+        drawLine(painter, line, ancestors, branch.at(i));
+        line.adjust(indentation, height, 0, height);
+    }
+    if (!option.currentIcon.isNull()) {
+        const QRect icon(line.left(), line.top(), option.iconSize.width(), height);
+        const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+        option.currentIcon.paint(&painter, QStyle::visualRect(layoutDirection(), rect(), icon), Qt::AlignCenter, mode);
+        line.setLeft(icon.right() + 1 + iconSpacing);
+    }
+    drawLine(painter, line, palette(), branch.last());
+}
+
+void VXTreeBox::drawLine(QStylePainter &painter, const QRect &line, const QPalette &colors, const QString &text) const
+{
+    const QString elided = fontMetrics().elidedText(text, Qt::ElideRight, line.width());
+    painter.drawItemText(QStyle::visualRect(layoutDirection(), rect(), line),
+                         int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) | Qt::AlignVCenter, colors,
+                         isEnabled(), elided, QPalette::ButtonText);
+}
+
+int VXTreeBox::branchLineHeight(const QStyleOptionComboBox &option) const
+{
+    return qMax(option.iconSize.height(), fontMetrics().height()) + 2 * textMargin;
+}
+
+QRect VXTreeBox::labelRect(const QStyleOptionComboBox &option) const
+{
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+}
+
 QString VXTreeBox::labelText(const QStyleOptionComboBox &option) const
 {
-    const QRect label = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    const QRect label = labelRect(option);
     const int icon = option.currentIcon.isNull() ? 0 : option.iconSize.width() + iconSpacing;
     return fontMetrics().elidedText(singleLine(currentText()), Qt::ElideRight, label.width() - icon - 2 * textMargin);
 }

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QPersistentModelIndex>
 
+class QStylePainter;
 class QTreeView;
 class TreeBoxView;
 
@@ -14,7 +15,7 @@ class TreeBoxView;
 /// currentIndexChanged() comes once per change of node, also when the new node has the row number of the old one.
 /// As the row number says little here, use currentModelIndex() instead of currentIndex(). The arrow keys on the closed
 /// box walk the tree as the popup would show it, typed letters find the next name that begins with them, and the wheel
-/// is left to the page around the box.
+/// is left to the page around the box. A box that is several lines high shows the branch that leads to the node.
 ///
 /// The popup's view is a QTreeView of the box's own and is not to be replaced by setView().
 class VXWIDGETS_EXPORT VXTreeBox : public QComboBox
@@ -66,6 +67,12 @@ private:
     QModelIndex lastNode() const;
     QModelIndex choosableFrom(QModelIndex index, Neighbour next) const;
 
+    /// The names that lead to the chosen node, the last ones if there is not room for all.
+    QStringList shownBranch(const QStyleOptionComboBox &option) const;
+    void drawBranch(QStylePainter &painter, const QStyleOptionComboBox &option, const QStringList &branch) const;
+    void drawLine(QStylePainter &painter, const QRect &line, const QPalette &colors, const QString &text) const;
+    int branchLineHeight(const QStyleOptionComboBox &option) const;
+    QRect labelRect(const QStyleOptionComboBox &option) const;
     QString labelText(const QStyleOptionComboBox &option) const;
     bool showPathAt(const QPoint &globalPos);
 

@@ -5,8 +5,6 @@
 #include "texttable.h"
 #include "valuewords.h"
 
-#include <vxsettings/dbsettingshelper.h>
-
 #include <QJsonArray>
 #include <QJsonObject>
 

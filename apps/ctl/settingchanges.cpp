@@ -8,8 +8,6 @@
 
 #include <QJsonObject>
 
-#include <algorithm>
-
 using vantorix::OBJECT_PARAMETERS;
 
 SettingChanges::SettingChanges(Session &session)

@@ -7,7 +7,6 @@
 #include <vxsettings/objectparameters.h>
 
 #include <QCoreApplication>
-#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 

@@ -4,8 +4,6 @@
 
 #include <host/jsonmembers.h>
 
-#include <algorithm>
-
 namespace {
 
 std::optional<QString> value(const QHash<QString, QString> &settings, const QString &key)

@@ -1,0 +1,165 @@
+#include "ctlprogram.h"
+#include "messages.h"
+
+#include <vxsettings/dbkeys.h>
+
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace db::database;
+
+namespace {
+
+/// A file that a program waits for: it has loaded the database when it opens this end, and saves when it has read it.
+class AwaitedFile
+{
+public:
+    explicit AwaitedFile(const QString &path)
+        : m_path(QFile::encodeName(path))
+    {
+        if (mkfifo(m_path.constData(), 0600) != 0)
+            throw std::runtime_error("no pipe");
+    }
+    /// Whether somebody reads.
+    bool isAwaited()
+    {
+        if (m_descriptor < 0)
+            m_descriptor = open(m_path.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        return m_descriptor >= 0;
+    }
+    void finish(const QByteArray &bytes)
+    {
+        const bool isWritten = ::write(m_descriptor, bytes.constData(), size_t(bytes.size())) == bytes.size();
+        close(m_descriptor);
+        if (!isWritten)
+            throw std::runtime_error("the pipe takes nothing");
+    }
+
+private:
+    QByteArray m_path;
+    int m_descriptor = -1;
+};
+
+QByteArray document(const QJsonObject &settings)
+{
+    return QJsonDocument({{"format", "vxsettings-export"}, {"version", 1}, {"settings", settings}}).toJson();
+}
+} // namespace
+
+class TestCtlConflict : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aChangeFromElsewhereStopsTheSave_data();
+    void aChangeFromElsewhereStopsTheSave();
+    void aChangeOfAnotherSettingDoesNot();
+    void aWriterThatDoesNotEnd();
+    void twoProgramsLoseNoUpdate();
+};
+
+void TestCtlConflict::initTestCase()
+{
+    failOnUnexpectedMessages();
+}
+
+void TestCtlConflict::aChangeFromElsewhereStopsTheSave_data()
+{
+    QTest::addColumn<bool>("asJson");
+    QTest::newRow("for people") << false;
+    QTest::newRow("for programs") << true;
+}
+
+void TestCtlConflict::aChangeFromElsewhereStopsTheSave()
+{
+    QFETCH(bool, asJson);
+    const SampleDatabase database;
+    AwaitedFile file(database.folder() + "/settings.json");
+    CtlProgram program(database, {"import", "settings.json"});
+    if (asJson)
+        program.setArguments({"import", "settings.json", "--json"});
+    program.start();
+    QTRY_VERIFY(file.isAwaited());
+    database.store(MOBILE_PORT, "4711");
+    database.store(PASSWORD_DEF, "Geheim-theirs");
+    const auto before = database.settings();
+    file.finish(document({{MOBILE_PORT, "1"}, {MOBILE_HOST, "mine"}, {PASSWORD_DEF, "Geheim-mine"}}));
+    QCOMPARE(program.finish(), 4);
+    QCOMPARE(database.settings(), before);
+
+    for (const char *part : {"PT_MOBILE_PORT", "8443", "4711", "«1»", "PT_PASSWORD_DEF", "скрыто"})
+        QVERIFY2(program.err.contains(part), qPrintable(program.err));
+    for (const char *secret : {"Geheim", "Vhod-2024"})
+        QVERIFY2(!(program.out + program.err).contains(secret), qPrintable(program.out + program.err));
+    QVERIFY2(!program.err.contains("PT_MOBILE_HOST"), "nobody else has changed it");
+    if (!asJson)
+        return;
+    const QJsonArray conflicts = program.json()["conflicts"].toArray();
+    QCOMPARE(conflicts.size(), 2);
+    const QJsonObject port{{"key", MOBILE_PORT}, {"base", "8443"}, {"theirs", "4711"}, {"mine", "1"}};
+    QVERIFY(conflicts.contains(port));
+    QCOMPARE(program.json()["status"].toInt(), 4);
+}
+
+void TestCtlConflict::aChangeOfAnotherSettingDoesNot()
+{
+    const SampleDatabase database;
+    AwaitedFile file(database.folder() + "/settings.json");
+    CtlProgram program(database, {"import", "settings.json"});
+    program.start();
+    QTRY_VERIFY(file.isAwaited());
+    database.store(MOBILE_PORT, "4711");
+    file.finish(document({{MOBILE_HOST, "mine"}}));
+    QCOMPARE(program.finish(), 0);
+    QCOMPARE(database.stored(MOBILE_PORT), QString("4711"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
+}
+
+void TestCtlConflict::aWriterThatDoesNotEnd()
+{
+    const SampleDatabase database;
+    SqliteConnection writer(database.path(), SqliteConnection::Mode::ReadWrite);
+    QVERIFY(writer.execute("BEGIN IMMEDIATE"));
+    CtlProgram program(database, {"set", "PT_MOBILE_PORT=1"});
+    QCOMPARE(program.run(), 5);
+    QVERIFY2(program.err.contains("занята другой программой"), qPrintable(program.err));
+    QVERIFY(writer.execute("ROLLBACK"));
+    QCOMPARE(database.stored(MOBILE_PORT), QString("8443"));
+}
+
+void TestCtlConflict::twoProgramsLoseNoUpdate()
+{
+    const SampleDatabase database;
+    QString minimum = "4";
+    QString maximum = "8";
+    int conflicts = 0;
+    constexpr int rounds = 40;
+    for (int round = 0; round < rounds; ++round) {
+        // Both rewrite the same JSON text: whoever overwrote the other's unseen would lose its member.
+        const QString newMinimum = QString::number(1 + round % 5);
+        const QString newMaximum = QString::number(10 + round % 7);
+        CtlProgram left(database, {"set", "PT_PIN_STRENGTH.min_len=" + newMinimum});
+        CtlProgram right(database, {"set", "PT_PIN_STRENGTH.max_len=" + newMaximum});
+        left.start();
+        right.start();
+        const int leftStatus = left.finish();
+        const int rightStatus = right.finish();
+        QVERIFY2(leftStatus == 0 || leftStatus == 4, qPrintable(left.err));
+        QVERIFY2(rightStatus == 0 || rightStatus == 4, qPrintable(right.err));
+        QVERIFY2(leftStatus == 0 || rightStatus == 0, "one of two always comes first");
+        minimum = leftStatus == 0 ? newMinimum : minimum;
+        maximum = rightStatus == 0 ? newMaximum : maximum;
+        conflicts += (leftStatus == 4) + (rightStatus == 4);
+        const QJsonObject stored = QJsonDocument::fromJson(database.stored(PIN_STRENGTH).toUtf8()).object();
+        QCOMPARE(stored["min_len"].toString(), minimum);
+        QCOMPARE(stored["max_len"].toString(), maximum);
+    }
+    qInfo("%d rounds of two programs at once: %d refused because of the other, no update lost", rounds, conflicts);
+}
+
+QTEST_MAIN(TestCtlConflict)
+#include "tst_ctlconflict.moc"

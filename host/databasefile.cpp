@@ -55,6 +55,15 @@ std::optional<DatabaseError> DatabaseFile::problem() const
 std::optional<DatabaseError>
 DatabaseFile::create(const std::function<std::optional<DatabaseError>(const QString &path)> &fill) const
 {
+    // SQLite would play the last changes of a database that is gone into the new one.
+    for (const char *suffix : {"-wal", "-journal"}) {
+        const QString log = m_path + QLatin1String(suffix);
+        if (DatabaseFile(log).exists())
+            return error(tr("Рядом лежит журнал «%1» другой базы данных.").arg(log),
+                         tr("В нём могут быть её последние изменения. Уберите его, если он не нужен, или укажите "
+                            "другой файл в параметре --database."));
+    }
+
     const QString folder = QFileInfo(m_path).absolutePath();
     const QString advice = tr("Проверьте путь и права доступа к папке или укажите другой файл в параметре --database.");
     if (!QDir().mkpath(folder))

@@ -17,13 +17,6 @@ std::optional<DatabaseError> create(const QString &path, const Installation &ins
     if (file.exists())
         return DatabaseError{path, InitCommand::tr("Файл уже есть."),
                              InitCommand::tr("Он остался как есть. Укажите другой в параметре --database.")};
-    for (const char *suffix : {"-wal", "-journal"}) {
-        const QString log = path + QLatin1String(suffix);
-        if (DatabaseFile(log).exists())
-            return DatabaseError{path, InitCommand::tr("Рядом лежит журнал «%1» другой базы данных.").arg(log),
-                                 InitCommand::tr("В нём могут быть её последние изменения. Уберите его, если он не "
-                                                 "нужен, или укажите другой файл в параметре --database.")};
-    }
     return file.create([&installation](const QString &draft) {
         SqliteConnection connection(draft, SqliteConnection::Mode::ReadWrite);
         return Schema::create(connection, installation);

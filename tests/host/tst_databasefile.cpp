@@ -22,6 +22,8 @@ private Q_SLOTS:
     void foldersAreMade();
     void failedFillLeavesNothing();
     void aFileThatAppearedMeanwhileStays();
+    void aLogOfAnotherDatabaseIsNotTakenIn_data();
+    void aLogOfAnotherDatabaseIsNotTakenIn();
     void createFails_data();
     void createFails();
 };
@@ -139,6 +141,34 @@ void TestDatabaseFile::aFileThatAppearedMeanwhileStays()
     QVERIFY(!error);
     QCOMPARE(place.bytes(), QByteArray("of somebody else"));
     QCOMPARE(place.files(), QStringList{"installation.db"});
+}
+
+void TestDatabaseFile::aLogOfAnotherDatabaseIsNotTakenIn_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::newRow("write-ahead log") << "-wal";
+    QTest::newRow("rollback journal") << "-journal";
+}
+
+void TestDatabaseFile::aLogOfAnotherDatabaseIsNotTakenIn()
+{
+    QFETCH(QString, suffix);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("installation.db");
+    QFile log(path + suffix);
+    QVERIFY(log.open(QIODevice::WriteOnly));
+    log.write("last changes");
+    log.close();
+
+    const auto error = DatabaseFile(path).create([](const QString &) -> std::optional<DatabaseError> {
+        QTest::qFail("nothing is to be made", __FILE__, __LINE__);
+        return {};
+    });
+    QVERIFY(error);
+    QVERIFY(error->text().contains(path + suffix));
+    QVERIFY(!QFile::exists(path));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QCOMPARE(log.readAll(), QByteArray("last changes"));
 }
 
 void TestDatabaseFile::createFails_data()

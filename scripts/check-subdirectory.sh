@@ -18,6 +18,7 @@ cat > "$work/main.cpp" <<'CPP'
 #include <vxsettings/dbsettingsgroupfactory.h>
 
 #include <QApplication>
+#include <QWidget>
 
 int main(int argc, char *argv[])
 {

@@ -32,7 +32,7 @@ row() {
     library=$(instructions "$2" library "$5" "$6")
     limit=$(instructions "$2" "$3" "$5" "$6")
     awk -v title="$1" -v library="$library" -v limit="$limit" -v bound="$4" \
-        'BEGIN { printf "%-44s %12d %12d %7.3f   <= %s\n", title, library, limit, library / limit, bound }'
+        'BEGIN { printf "%-44s %12d %12d %7.3f%s\n", title, library, limit, library / limit, bound ? "   <= " bound : "" }'
 }
 
 count() {
@@ -41,7 +41,7 @@ count() {
     row "cycle, PalmScanning" cycle:5 handwritten 1.30 3 13
     row "cycle, FingerprintScanning" cycle:4 handwritten 1.35 3 13
     row "cycle, all twelve" cycle:all handwritten 1.30 2 6
-    row "cycle, all twelve, against QUiLoader" cycle:all uiloader - 2 6
+    row "cycle, all twelve, against QUiLoader" cycle:all uiloader "" 2 6
     row "shown and painted, all twelve" shown:all handwritten 1.08 2 4
     row "caption look-up" caption handwritten 1.00 100 300
     row "choice look-up" choices handwritten 1.00 1000 3000

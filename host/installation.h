@@ -11,4 +11,5 @@ struct Installation
 {
     QHash<QString, QString> settings;                        ///< stored key → text
     QHash<QString, QVector<vantorix::ObjectRecord>> objects; ///< data name → objects, in their stored order
+    QHash<QString, qint64> revisions = {};                   ///< stored key → a number that grows with every change
 };

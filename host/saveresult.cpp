@@ -5,9 +5,9 @@ SaveResult SaveResult::nothingToDo()
     return {};
 }
 
-SaveResult SaveResult::saved()
+SaveResult SaveResult::saved(const QString &saveId, const QHash<QString, qint64> &revisions)
 {
-    return {Outcome::Saved, {}, {}, {}};
+    return {Outcome::Saved, {}, {}, {}, saveId, revisions};
 }
 
 SaveResult SaveResult::conflicting(const QVector<SettingConflict> &conflicts)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <host/changestamp.h>
 #include <host/databaseerror.h>
 
+#include <QHash>
 #include <QStringList>
 #include <QVector>
 
@@ -14,6 +16,9 @@ struct SettingConflict
     QString loaded; ///< what both started from
     QString stored; ///< what is in the database now
     QString wanted; ///< what was to be saved
+
+    qint64 revision = 0;    ///< of what is stored; 0 if there is no such setting any more
+    ChangeStamp stamp = {}; ///< of what is stored
 };
 
 /// What became of a save. Unless it was saved, the database is as it was.
@@ -31,9 +36,11 @@ struct [[nodiscard]] SaveResult
     QVector<SettingConflict> conflicts;
     QStringList unreadableKeys;
     std::optional<DatabaseError> error;
+    QString saveId = {};                   ///< of what was saved, as the history has it
+    QHash<QString, qint64> revisions = {}; ///< stored key → its new revision, of every setting that was changed
 
     static SaveResult nothingToDo();
-    static SaveResult saved();
+    static SaveResult saved(const QString &saveId, const QHash<QString, qint64> &revisions);
     static SaveResult conflicting(const QVector<SettingConflict> &conflicts);
     static SaveResult unreadable(const QStringList &keys);
     static SaveResult failed(const DatabaseError &error);

@@ -3,39 +3,94 @@
 #include "sqliteconnection.h"
 #include "sqlitetransaction.h"
 
+#include <QDir>
+#include <QFile>
+#include <QVector>
+
 using vantorix::ObjectRecord;
+
+// The resources of a static library are not there by themselves.
+static void makeResourcesAvailable()
+{
+    Q_INIT_RESOURCE(schema);
+}
 
 namespace {
 
-constexpr int version = 1;
-
-const QString createSettings = QStringLiteral("CREATE TABLE settings(key TEXT PRIMARY KEY, value TEXT)");
-const QString createObjects = QStringLiteral("CREATE TABLE objects("
-                                             "data_name TEXT NOT NULL, "
-                                             "uid INTEGER NOT NULL, "
-                                             "parent_uid INTEGER NOT NULL DEFAULT 0, "
-                                             "type TEXT NOT NULL, "
-                                             "name TEXT NOT NULL, "
-                                             "granted INTEGER NOT NULL DEFAULT 1, "
-                                             "PRIMARY KEY(data_name, uid))");
-
-const QHash<QString, QStringList> &requiredColumns()
+/// Columns that a version has added to a table.
+struct AddedColumns
 {
-    static const QHash<QString, QStringList> columns{
-        {QStringLiteral("settings"), {QStringLiteral("key"), QStringLiteral("value")}},
-        {QStringLiteral("objects"),
-         {QStringLiteral("data_name"), QStringLiteral("uid"), QStringLiteral("parent_uid"), QStringLiteral("type"),
-          QStringLiteral("name"), QStringLiteral("granted")}},
+    int version;
+    QString table;
+    QStringList names;
+};
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
+const QVector<AddedColumns> &addedColumns()
+{
+    static const QVector<AddedColumns> columns{
+        {1, QStringLiteral("settings"), words("key value")},
+        {1, QStringLiteral("objects"), words("data_name uid parent_uid type name granted")},
+        {2, QStringLiteral("settings"), words("revision changed_at changed_by workstation program")},
+        {2, QStringLiteral("history"),
+         words("id save_id key revision old_value new_value changed_at changed_by workstation program reason")},
     };
     return columns;
 }
 
-bool insertSettings(SqliteConnection &connection, const QHash<QString, QString> &settings)
+/// The files that lead from one version to the next, the first one to version 1.
+QFileInfoList scripts()
 {
+    makeResourcesAvailable();
+    return QDir(QStringLiteral(":/vxsettings/schema")).entryInfoList(QDir::Files, QDir::Name);
+}
+
+/// A blank line ends a statement: a semicolon may be inside of a trigger.
+QStringList statements(const QFileInfo &script)
+{
+    QFile file(script.filePath());
+    file.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(file.readAll()).split(QStringLiteral("\n\n"));
+}
+
+bool runScript(SqliteConnection &connection, const QFileInfo &script)
+{
+    for (const QString &statement : statements(script)) {
+        if (!connection.execute(statement))
+            return false;
+    }
+    return true;
+}
+
+/// Leads from @p version to the newest one.
+bool runScripts(SqliteConnection &connection, int version)
+{
+    for (const QFileInfo &script : scripts().mid(version)) {
+        if (!runScript(connection, script))
+            return false;
+    }
+    return connection.execute(QStringLiteral("PRAGMA user_version = %1").arg(qMax(version, Schema::version())));
+}
+
+/// Of a database with the tables, which are of version 1 if it tells none. Nothing if it could not be read.
+std::optional<int> storedVersion(SqliteConnection &connection)
+{
+    const QVariant version = connection.selectOne(QStringLiteral("PRAGMA user_version"));
+    return version.isValid() ? std::optional<int>(qMax(1, version.toInt())) : std::nullopt;
+}
+
+bool insertSettings(SqliteConnection &connection, const QHash<QString, QString> &settings, const ChangeStamp &stamp)
+{
+    const QString insert = QStringLiteral(
+        "INSERT INTO settings(key, value, changed_at, changed_by, workstation, program) VALUES(?, ?, ?, ?, ?, ?)");
     QStringList keys = settings.keys();
     keys.sort();
     for (const QString &key : keys) {
-        if (!connection.executePrepared(QStringLiteral("INSERT INTO settings VALUES(?, ?)"), {key, settings[key]}))
+        if (!connection.executePrepared(insert, QVariantList{key, settings[key]} + stamp.toColumns()))
             return false;
     }
     return true;
@@ -63,26 +118,58 @@ bool insertAllObjects(SqliteConnection &connection, const QHash<QString, QVector
     return true;
 }
 
-/// What a table lacks: itself, or some of its columns. Null if it lacks nothing, or the query failed.
-QStringList missingColumns(SqliteConnection &connection, const QString &table)
+/// What a table lacks of some columns. Null if it lacks nothing, or the query failed.
+QStringList missingColumns(SqliteConnection &connection, const AddedColumns &columns)
 {
-    QStringList missing = requiredColumns()[table];
-    auto columns = connection.select(QStringLiteral("SELECT name FROM pragma_table_info(?)"), {table});
-    while (columns && columns->next())
-        missing.removeAll(columns->value(0).toString());
-    return columns ? missing : QStringList();
+    QStringList missing = columns.names;
+    auto rows = connection.select(QStringLiteral("SELECT name FROM pragma_table_info(?)"), {columns.table});
+    while (rows && rows->next())
+        missing.removeAll(rows->value(0).toString());
+    return rows ? missing : QStringList();
+}
+
+/// Why the tables are not even those of @p version.
+std::optional<DatabaseError> tableProblem(SqliteConnection &connection, int version)
+{
+    for (const AddedColumns &columns : addedColumns()) {
+        const QStringList missing = missingColumns(connection, columns);
+        if (columns.version <= version && !missing.isEmpty())
+            return DatabaseError{connection.path(),
+                                 Schema::tr("Это база данных с другой схемой: в таблице «%1» нет столбцов: %2.")
+                                     .arg(columns.table, missing.join(QStringLiteral(", "))),
+                                 Schema::tr("Укажите базу данных настроек в параметре --database.")};
+    }
+    return {};
 }
 } // namespace
 
-std::optional<DatabaseError> Schema::create(SqliteConnection &connection, const Installation &installation)
+int Schema::version()
+{
+    return scripts().count();
+}
+
+std::optional<DatabaseError> Schema::create(SqliteConnection &connection, const Installation &installation,
+                                            const ChangeStamp &stamp)
 {
     SqliteTransaction transaction(connection, SqliteTransaction::Kind::Write);
-    const bool done = transaction.isActive() && connection.execute(createSettings) &&
-                      connection.execute(createObjects) &&
-                      connection.execute(QStringLiteral("PRAGMA user_version = %1").arg(version)) &&
-                      insertSettings(connection, installation.settings) &&
+    const bool done = transaction.isActive() && runScripts(connection, 0) &&
+                      insertSettings(connection, installation.settings, stamp) &&
                       insertAllObjects(connection, installation.objects) && transaction.commit();
     if (!done)
+        return DatabaseError::fromDriver(connection.path(), connection.lastError());
+    return {};
+}
+
+std::optional<DatabaseError> Schema::migrate(SqliteConnection &connection)
+{
+    // Asked again below: another program may be about to do the same. Most often there is nothing to wait for.
+    const auto seen = storedVersion(connection);
+    if (seen && *seen >= version())
+        return {};
+
+    SqliteTransaction transaction(connection, SqliteTransaction::Kind::Write);
+    const auto stored = transaction.isActive() ? storedVersion(connection) : std::nullopt;
+    if (!stored || !runScripts(connection, *stored) || !transaction.commit())
         return DatabaseError::fromDriver(connection.path(), connection.lastError());
     return {};
 }
@@ -97,19 +184,14 @@ std::optional<DatabaseError> Schema::problem(SqliteConnection &connection)
         return DatabaseError{path, tr("Файл базы данных повреждён: %1.").arg(health.toString()),
                              tr("Восстановите файл из резервной копии.")};
 
-    for (const QString &table : requiredColumns().keys()) {
-        const QStringList missing = missingColumns(connection, table);
-        if (!missing.isEmpty())
-            return DatabaseError{path,
-                                 tr("Это база данных с другой схемой: в таблице «%1» нет столбцов: %2.")
-                                     .arg(table, missing.join(QStringLiteral(", "))),
-                                 tr("Укажите базу данных настроек в параметре --database.")};
-    }
-
-    const int stored = connection.selectOne(QStringLiteral("PRAGMA user_version")).toInt();
-    if (stored > version)
-        return DatabaseError{path,
-                             tr("Версия схемы базы данных %1, программа знает версии до %2.").arg(stored).arg(version),
-                             tr("Обновите программу.")};
-    return {};
+    if (auto problem = tableProblem(connection, 1))
+        return problem;
+    const auto stored = storedVersion(connection);
+    if (!stored)
+        return DatabaseError::fromDriver(path, connection.lastError());
+    if (*stored > version())
+        return DatabaseError{
+            path, tr("Версия схемы базы данных %1, программа знает версии до %2.").arg(*stored).arg(version()),
+            tr("Обновите программу.")};
+    return tableProblem(connection, *stored);
 }

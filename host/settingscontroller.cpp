@@ -43,12 +43,11 @@ std::optional<DatabaseError> SettingsController::load()
         return error;
 
     m_pages.clear();
-    m_loaded = installation.settings;
-    LocalStorage::instance()->setDbSettings(m_loaded);
+    LocalStorage::instance()->setDbSettings(installation.settings);
     // Data names that are gone are emptied.
-    for (const QString &dataName : m_dataNames + installation.objects.keys())
+    for (const QString &dataName : m_loaded.objects.keys() + installation.objects.keys())
         LocalStorage::instance()->setObjects(dataName, installation.objects.value(dataName));
-    m_dataNames = installation.objects.keys();
+    m_loaded = installation;
     Q_EMIT edited();
     return {};
 }
@@ -91,17 +90,19 @@ SaveResult SettingsController::save(const Consent &consent)
     if (!hasChanges())
         return SaveResult::nothingToDo();
 
-    QHash<QString, QString> expected = m_loaded;
-    for (const SettingConflict &conflict : consent.overwritten)
-        expected.insert(conflict.key, conflict.stored);
-    const QStringList unreadable = unreadableKeys(expected);
+    Installation expected = m_loaded;
+    for (const SettingConflict &conflict : consent.overwritten) {
+        expected.settings.insert(conflict.key, conflict.stored);
+        expected.revisions.insert(conflict.key, conflict.revision);
+    }
+    const QStringList unreadable = unreadableKeys(expected.settings);
     if (!consent.replaceUnreadable && !unreadable.isEmpty())
         return SaveResult::unreadable(unreadable);
 
-    const OBJECT_PARAMETERS texts = textsToStore(expected);
+    const OBJECT_PARAMETERS texts = textsToStore(expected.settings);
     SaveResult result = m_store.save(texts, expected);
     if (result.isDone())
-        adopt(texts);
+        adopt(texts, result.revisions);
     return result;
 }
 
@@ -141,10 +142,13 @@ QStringList SettingsController::unreadableKeys(const QHash<QString, QString> &st
     return keys;
 }
 
-void SettingsController::adopt(const OBJECT_PARAMETERS &saved)
+void SettingsController::adopt(const OBJECT_PARAMETERS &saved, const QHash<QString, qint64> &revisions)
 {
-    addTo(m_loaded, saved);
-    LocalStorage::instance()->setDbSettings(m_loaded);
+    for (auto setting = saved.begin(); setting != saved.end(); ++setting)
+        m_loaded.settings.insert(setting.key(), setting.value());
+    for (auto revision = revisions.begin(); revision != revisions.end(); ++revision)
+        m_loaded.revisions.insert(revision.key(), revision.value());
+    LocalStorage::instance()->setDbSettings(m_loaded.settings);
     for (const auto &page : m_pages)
         page->accept();
 }

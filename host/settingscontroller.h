@@ -1,12 +1,12 @@
 #pragma once
 
 #include <host/databaseerror.h>
+#include <host/installation.h>
 #include <host/saveresult.h>
 
 #include <vxsettings/dbsettingstypes.h>
 #include <vxsettings/objectparameters.h>
 
-#include <QHash>
 #include <QObject>
 
 #include <memory>
@@ -61,10 +61,9 @@ private:
     vantorix::OBJECT_PARAMETERS textsToStore(const QHash<QString, QString> &stored) const;
     /// The edited JSON settings of which @p stored has no text to merge them into.
     QStringList unreadableKeys(const QHash<QString, QString> &stored) const;
-    void adopt(const vantorix::OBJECT_PARAMETERS &saved);
+    void adopt(const vantorix::OBJECT_PARAMETERS &saved, const QHash<QString, qint64> &revisions);
 
     SettingsStore &m_store;
     std::vector<std::unique_ptr<SettingsPage>> m_pages;
-    QHash<QString, QString> m_loaded; ///< what the database held when it was last read or written
-    QStringList m_dataNames;          ///< of the objects that were loaded
+    Installation m_loaded; ///< what the database held when it was last read or written
 };

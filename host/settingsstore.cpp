@@ -3,6 +3,8 @@
 #include "databasefile.h"
 #include "sampleinstallation.h"
 #include "schema.h"
+#include "settingshistory.h"
+#include "settingswriter.h"
 #include "sqliteconnection.h"
 #include "sqlitetransaction.h"
 
@@ -11,6 +13,9 @@
 using vantorix::OBJECT_PARAMETERS;
 
 namespace {
+
+/// What no setting has: a save that expects it always meets a conflict.
+constexpr qint64 noRevision = -1;
 
 std::optional<DatabaseError> createSample(const QString &path)
 {
@@ -41,11 +46,13 @@ std::optional<DatabaseError> problemOf(const QString &path)
     return Schema::problem(connection);
 }
 
-/// With WAL a reader never waits for a writer; with FULL a save that was acknowledged survives a power cut.
-bool makeDurable(SqliteConnection &connection)
+/// With WAL a reader never waits for a writer; with FULL a save that was acknowledged survives a power cut. Without
+/// secure deletion a replaced password would stay in the file.
+bool prepareForSaves(SqliteConnection &connection)
 {
     return connection.execute(QStringLiteral("PRAGMA journal_mode = WAL")) &&
-           connection.execute(QStringLiteral("PRAGMA synchronous = FULL"));
+           connection.execute(QStringLiteral("PRAGMA synchronous = FULL")) &&
+           connection.execute(QStringLiteral("PRAGMA secure_delete = ON"));
 }
 } // namespace
 
@@ -75,7 +82,11 @@ std::optional<DatabaseError> SettingsStore::open(const QString &path)
         return problem;
 
     auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::ReadWrite);
-    if (!connection->isOpen() || !makeDurable(*connection))
+    if (!connection->isOpen())
+        return DatabaseError::fromDriver(path, connection->lastError());
+    if (auto error = Schema::migrate(*connection))
+        return error;
+    if (!prepareForSaves(*connection))
         return DatabaseError::fromDriver(path, connection->lastError());
     m_connection = std::move(connection);
     return {};
@@ -96,28 +107,63 @@ std::optional<DatabaseError> SettingsStore::load(Installation &installation)
     return {};
 }
 
-SaveResult SettingsStore::save(const OBJECT_PARAMETERS &changes, const QHash<QString, QString> &loaded)
+SaveResult SettingsStore::save(const OBJECT_PARAMETERS &changes, const Installation &loaded, const QString &reason)
 {
     SqliteTransaction transaction(*m_connection, SqliteTransaction::Kind::Write);
     if (!transaction.isActive())
         return SaveResult::failed(lastError());
 
-    const auto found = conflicts(changes, loaded);
-    if (!found)
+    SettingsWriter writer(*m_connection, reason);
+    for (auto change = changes.begin(); change != changes.end(); ++change) {
+        const QString &key = change.key();
+        if (!writer.write(key, change.value(), loaded.settings.value(key), loaded.revisions.value(key)))
+            return SaveResult::failed(lastError());
+    }
+    if (!writer.conflicts().isEmpty())
+        return SaveResult::conflicting(writer.conflicts());
+    if (!transaction.commit())
         return SaveResult::failed(lastError());
-    if (!found->isEmpty())
-        return SaveResult::conflicting(*found);
+    return SaveResult::saved(writer.saveId(), writer.revisions());
+}
 
-    if (!write(changes) || !transaction.commit())
-        return SaveResult::failed(lastError());
-    return SaveResult::saved();
+SaveResult SettingsStore::save(const OBJECT_PARAMETERS &changes, const QHash<QString, QString> &loaded)
+{
+    Installation base;
+    if (auto error = load(base))
+        return SaveResult::failed(*error);
+    for (const QString &key : changes.keys()) {
+        if (base.settings.value(key) != loaded.value(key))
+            base.revisions[key] = noRevision;
+    }
+    base.settings = loaded;
+    return save(changes, base);
+}
+
+std::optional<DatabaseError> SettingsStore::history(const QString &key, QVector<HistoryRecord> &records)
+{
+    const auto found = SettingsHistory(*m_connection).records(key);
+    if (!found)
+        return lastError();
+    records = *found;
+    return {};
+}
+
+std::optional<DatabaseError> SettingsStore::textAt(const QString &key, qint64 revision, QString &text)
+{
+    const auto found = SettingsHistory(*m_connection).textAt(key, revision);
+    if (!found)
+        return lastError();
+    text = *found;
+    return {};
 }
 
 bool SettingsStore::readSettings(Installation &installation)
 {
-    auto rows = m_connection->select(QStringLiteral("SELECT key, value FROM settings"));
-    while (rows && rows->next())
+    auto rows = m_connection->select(QStringLiteral("SELECT key, value, revision FROM settings"));
+    while (rows && rows->next()) {
         installation.settings.insert(rows->value(0).toString(), rows->value(1).toString());
+        installation.revisions.insert(rows->value(0).toString(), rows->value(2).toLongLong());
+    }
     return rows && !rows->lastError().isValid();
 }
 
@@ -131,33 +177,6 @@ bool SettingsStore::readObjects(Installation &installation)
                                                                 rows->value(5).toBool()});
     }
     return rows && !rows->lastError().isValid();
-}
-
-std::optional<QVector<SettingConflict>> SettingsStore::conflicts(const OBJECT_PARAMETERS &changes,
-                                                                 const QHash<QString, QString> &loaded)
-{
-    QVector<SettingConflict> found;
-    for (auto change = changes.begin(); change != changes.end(); ++change) {
-        auto rows = m_connection->select(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {change.key()});
-        if (!rows)
-            return {};
-        const QString stored = rows->next() ? rows->value(0).toString() : QString();
-        const QString base = loaded.value(change.key());
-        if (stored != base)
-            found.append({change.key(), base, stored, change.value()});
-    }
-    return found;
-}
-
-bool SettingsStore::write(const OBJECT_PARAMETERS &changes)
-{
-    for (auto change = changes.begin(); change != changes.end(); ++change) {
-        if (!m_connection->executePrepared(QStringLiteral("INSERT INTO settings(key, value) VALUES(?, ?) "
-                                                          "ON CONFLICT(key) DO UPDATE SET value = excluded.value"),
-                                           {change.key(), change.value()}))
-            return false;
-    }
-    return true;
 }
 
 DatabaseError SettingsStore::lastError() const

@@ -60,7 +60,9 @@ bool SqliteConnection::execute(const QString &statement)
 bool SqliteConnection::executePrepared(const QString &statement, const QVariantList &values)
 {
     QSqlQuery query(m_database);
-    return run(query, statement, values);
+    const bool done = run(query, statement, values);
+    m_affectedRows = done ? query.numRowsAffected() : 0;
+    return done;
 }
 
 std::optional<QSqlQuery> SqliteConnection::select(const QString &statement, const QVariantList &values)
@@ -72,10 +74,15 @@ std::optional<QSqlQuery> SqliteConnection::select(const QString &statement, cons
     return query;
 }
 
-QVariant SqliteConnection::selectOne(const QString &statement)
+QVariant SqliteConnection::selectOne(const QString &statement, const QVariantList &values)
 {
-    auto rows = select(statement);
+    auto rows = select(statement, values);
     return rows && rows->next() ? rows->value(0) : QVariant();
+}
+
+int SqliteConnection::affectedRows() const
+{
+    return m_affectedRows;
 }
 
 bool SqliteConnection::run(QSqlQuery &query, const QString &statement, const QVariantList &values)

@@ -31,7 +31,9 @@ public:
     /// The rows of a query, at their start; nothing if it failed.
     std::optional<QSqlQuery> select(const QString &statement, const QVariantList &values = {});
     /// The first column of the first row; invalid if there is none or the query failed.
-    QVariant selectOne(const QString &statement);
+    QVariant selectOne(const QString &statement, const QVariantList &values = {});
+    /// How many rows the last executed statement has inserted, updated or deleted by itself, triggers not counted.
+    int affectedRows() const;
 
 private:
     /// Runs it, and remembers the error if it fails.
@@ -41,4 +43,5 @@ private:
     QString m_name; ///< of the connection, unique in this process
     QSqlDatabase m_database;
     QSqlError m_error;
+    int m_affectedRows = 0;
 };

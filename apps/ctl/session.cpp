@@ -69,13 +69,15 @@ const ObjectIndex &Session::objects() const
 
 std::optional<Report> Session::save(const OBJECT_PARAMETERS &changes)
 {
-    const SaveResult result = m_store.save(changes, m_installation.settings);
+    const SaveResult result = m_store.save(changes, m_installation);
     if (result.error)
         return Report::failure(ExitDatabase, result.error->text());
     if (!result.conflicts.isEmpty())
         return conflictReport(result.conflicts);
     for (auto change = changes.begin(); change != changes.end(); ++change)
         m_installation.settings.insert(change.key(), change.value());
+    for (auto revision = result.revisions.begin(); revision != result.revisions.end(); ++revision)
+        m_installation.revisions.insert(revision.key(), revision.value());
     return {};
 }
 

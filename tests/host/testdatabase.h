@@ -43,7 +43,15 @@ public:
     }
     void store(const QString &key, const QString &value) const
     {
-        execute(QStringLiteral("INSERT OR REPLACE INTO settings VALUES(?, ?)"), {key, value});
+        execute(QStringLiteral("INSERT INTO settings(key, value) VALUES(?, ?) "
+                               "ON CONFLICT(key) DO UPDATE SET value = excluded.value"),
+                {key, value});
+    }
+    /// The first column of the first row.
+    QVariant ask(const QString &query) const
+    {
+        SqliteConnection connection(path(), SqliteConnection::Mode::ReadWrite);
+        return connection.selectOne(query);
     }
     QString stored(const QString &key) const { return settings().value(key); }
     QHash<QString, QString> settings() const

@@ -81,6 +81,8 @@ private Q_SLOTS:
     void unreadableJsonIsRefused();
     void unreadableJsonIsLeftAloneWithoutAnEdit();
     void aConflictIsReported();
+    void anEqualTextOfALaterRevisionIsAConflict();
+    void savesFollowEachOther();
     void aConflictInOneSettingStopsAll();
     void anOverwriteWantsConsentForWhatWasSeen();
     void anOverwriteMergesIntoTheirJson();
@@ -333,6 +335,33 @@ void TestSettingsController::aConflictIsReported()
     QCOMPARE(result.conflicts[0].wanted, QString("mine"));
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
     QCOMPARE(host.controller.changes(), (OBJECT_PARAMETERS{{MOBILE_HOST, "mine"}}));
+}
+
+void TestSettingsController::anEqualTextOfALaterRevisionIsAConflict()
+{
+    const TestDatabase database;
+    Host host(database);
+    const QString text = database.stored(MOBILE_HOST);
+    editors::retype(editors::input<QLineEdit>(host.open(DBGroups::Connection), MOBILE_HOST), "mine");
+    database.store(MOBILE_HOST, "theirs");
+    database.store(MOBILE_HOST, text);
+    const SaveResult seen = host.controller.save();
+    QCOMPARE(seen.outcome, Outcome::Conflicting);
+    QCOMPARE(seen.conflicts[0].stored, text);
+    QVERIFY(host.controller.save({false, seen.conflicts}).isDone());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
+}
+
+void TestSettingsController::savesFollowEachOther()
+{
+    const TestDatabase database;
+    Host host(database);
+    auto *input = editors::input<QLineEdit>(host.open(DBGroups::Connection), MOBILE_HOST);
+    for (const char *text : {"one", "two", "three"}) {
+        editors::retype(input, text);
+        QVERIFY(host.controller.save().isDone());
+        QCOMPARE(database.stored(MOBILE_HOST), QString(text));
+    }
 }
 
 void TestSettingsController::aConflictInOneSettingStopsAll()

@@ -24,6 +24,10 @@ private Q_SLOTS:
     void aSaveTakesAnyText();
     void aConflictWritesNothing_data();
     void aConflictWritesNothing();
+    void anEqualTextOfALaterRevisionIsAConflict();
+    void aSettingThatHasAppearedIsAConflict();
+    void aConflictTellsWhoseItIs();
+    void aSaveContinuesFromItsOwnRevisions();
     void aChangedSettingThatIsNotSavedIsNoConflict();
     void aLockedDatabaseIsAnError();
     void aSaveThatFailsHalfwayWritesNothing();
@@ -120,7 +124,7 @@ void TestSettingsStore::aLoadReadsEverything()
     database.execute("DELETE FROM objects");
     database.execute("INSERT INTO objects VALUES('b', 4294967295, 7, 'T', 'последний', 0), ('a', 2, 0, 'T', 'x', 1), "
                      "('b', 1, 0, 'T', '', 1)");
-    database.execute("INSERT INTO settings VALUES('unknown', NULL)");
+    database.execute("INSERT INTO settings(key, value) VALUES('unknown', NULL)");
 
     SettingsStore store;
     const Installation read = loaded(opened(store, database));
@@ -232,6 +236,71 @@ void TestSettingsStore::aConflictWritesNothing()
     QCOMPARE(database.settings(), theirs);
 }
 
+void TestSettingsStore::anEqualTextOfALaterRevisionIsAConflict()
+{
+    const TestDatabase database;
+    SettingsStore mine;
+    SettingsStore theirs;
+    const Installation before = loaded(opened(mine, database));
+    const QString text = before.settings["PT_MOBILE_HOST"];
+    opened(theirs, database);
+    QVERIFY(theirs.save({{"PT_MOBILE_HOST", "theirs"}}, loaded(theirs)).isDone());
+    QVERIFY(theirs.save({{"PT_MOBILE_HOST", text}}, loaded(theirs)).isDone());
+
+    const SaveResult result = mine.save({{"PT_MOBILE_HOST", "mine"}, {"PT_MOBILE_PORT", "1"}}, before);
+    QCOMPARE(result.outcome, SaveResult::Outcome::Conflicting);
+    QCOMPARE(result.conflicts.count(), 1);
+    QCOMPARE(result.conflicts[0].loaded, text);
+    QCOMPARE(result.conflicts[0].stored, text);
+    QCOMPARE(result.conflicts[0].wanted, QString("mine"));
+    QCOMPARE(result.conflicts[0].revision, 3);
+    QCOMPARE(database.settings(), before.settings);
+}
+
+void TestSettingsStore::aSettingThatHasAppearedIsAConflict()
+{
+    const TestDatabase database;
+    SettingsStore mine;
+    SettingsStore theirs;
+    const Installation before = loaded(opened(mine, database));
+    QVERIFY(opened(theirs, database).save({{"PT_NEW", ""}}, before).isDone());
+    const SaveResult result = mine.save({{"PT_NEW", "mine"}}, before);
+    QCOMPARE(result.outcome, SaveResult::Outcome::Conflicting);
+    QCOMPARE(result.conflicts[0].revision, 1);
+    QVERIFY(mine.save({{"PT_NEW", "mine"}}, loaded(mine)).isDone());
+}
+
+void TestSettingsStore::aConflictTellsWhoseItIs()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const Installation before = loaded(opened(store, database));
+    database.execute("UPDATE settings SET value = 'theirs', revision = 7, changed_at = '2026-03-01T12:30:15.007Z', "
+                     "changed_by = 'anna', workstation = 'desk-4', program = 'ctl' WHERE key = 'PT_MOBILE_HOST'");
+    const SaveResult result = store.save({{"PT_MOBILE_HOST", "mine"}}, before);
+    QCOMPARE(result.conflicts.count(), 1);
+    QCOMPARE(result.conflicts[0].revision, 7);
+    const ChangeStamp &stamp = result.conflicts[0].stamp;
+    QCOMPARE(stamp.at, QDateTime({2026, 3, 1}, {12, 30, 15, 7}, Qt::UTC));
+    QCOMPARE(stamp.by, QString("anna"));
+    QCOMPARE(stamp.workstation, QString("desk-4"));
+    QCOMPARE(stamp.program, QString("ctl"));
+}
+
+void TestSettingsStore::aSaveContinuesFromItsOwnRevisions()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    Installation current = loaded(opened(store, database));
+    for (const char *text : {"one", "two"}) {
+        const SaveResult result = store.save({{"PT_MOBILE_HOST", text}}, current);
+        QVERIFY(result.isDone());
+        QCOMPARE(store.save({{"PT_MOBILE_HOST", "again"}}, current).outcome, SaveResult::Outcome::Conflicting);
+        current.revisions["PT_MOBILE_HOST"] = result.revisions["PT_MOBILE_HOST"];
+    }
+    QCOMPARE(loaded(store).revisions, current.revisions);
+}
+
 void TestSettingsStore::aChangedSettingThatIsNotSavedIsNoConflict()
 {
     const TestDatabase database;
@@ -290,7 +359,7 @@ void TestSettingsStore::badDatabasesStayAsTheyAre_data()
     makeForeign(foreign);
     const TestDatabase newer;
     makeSample(newer);
-    newer.execute("PRAGMA user_version = 2");
+    newer.execute("PRAGMA user_version = 3");
     const TestDatabase tableless;
     makeSample(tableless);
     tableless.execute("DROP TABLE objects");
@@ -311,7 +380,7 @@ void TestSettingsStore::badDatabasesStayAsTheyAre_data()
     QTest::newRow("a damaged page") << damagedPage << "";
     QTest::newRow("of another program") << foreign.bytes() << "Это база данных с другой схемой";
     QTest::newRow("a table is missing") << tableless.bytes() << "Это база данных с другой схемой";
-    QTest::newRow("of a newer program") << newer.bytes() << "Версия схемы базы данных 2, программа знает версии до 1.";
+    QTest::newRow("of a newer program") << newer.bytes() << "Версия схемы базы данных 3, программа знает версии до 2.";
 }
 
 void TestSettingsStore::badDatabasesStayAsTheyAre()

@@ -19,11 +19,9 @@ namespace {
 class Terminal
 {
 public:
-    Terminal()
-    {
-        if (openpty(&m_near, &m_far, nullptr, nullptr, nullptr) != 0)
-            throw std::runtime_error("no terminal");
-    }
+    Terminal() { m_isThere = openpty(&m_near, &m_far, nullptr, nullptr, nullptr) == 0; }
+    /// Not where a container has no pseudo terminals.
+    bool isThere() const { return m_isThere; }
     ~Terminal()
     {
         close(m_near);
@@ -44,8 +42,9 @@ public:
     }
 
 private:
-    int m_near;
-    int m_far;
+    int m_near = -1;
+    int m_far = -1;
+    bool m_isThere = false;
 };
 } // namespace
 
@@ -401,6 +400,8 @@ void TestCtlSet::aTerminalDoesNotShowWhatIsTyped()
 {
     const SampleDatabase database;
     const Terminal terminal;
+    if (!terminal.isThere())
+        QSKIP("this machine has no pseudo terminals");
     QVERIFY(terminal.showsLetters());
     CtlProgram program(database, {"set", "--stdin", PASSWORD_DEF});
     program.setStandardInputFile(terminal.name());
@@ -417,6 +418,8 @@ void TestCtlSet::anInterruptedProgramLeavesTheTerminalAsItWas()
 {
     const SampleDatabase database;
     const Terminal terminal;
+    if (!terminal.isThere())
+        QSKIP("this machine has no pseudo terminals");
     CtlProgram program(database, {"set", "--stdin", PASSWORD_DEF});
     program.setStandardInputFile(terminal.name());
     program.start();

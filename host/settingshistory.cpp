@@ -1,0 +1,57 @@
+#include "settingshistory.h"
+
+#include "sqliteconnection.h"
+
+namespace {
+
+const QString selectRecords = QStringLiteral("SELECT id, save_id, key, revision, old_value, new_value, reason, "
+                                             "changed_at, changed_by, workstation, program FROM history");
+const QString ofOneSetting = QStringLiteral(" WHERE key = ?");
+const QString oldestFirst = QStringLiteral(" ORDER BY id");
+
+/// What a setting started with has no record of its own; the first change tells it.
+const QString selectText = QStringLiteral("SELECT value FROM settings WHERE key = ? AND revision = ? "
+                                          "UNION ALL "
+                                          "SELECT new_value FROM history WHERE key = ? AND revision = ? "
+                                          "UNION ALL "
+                                          "SELECT old_value FROM history WHERE key = ? AND revision = ? + 1 "
+                                          "LIMIT 1");
+} // namespace
+
+SettingsHistory::SettingsHistory(SqliteConnection &connection)
+    : m_connection(connection)
+{}
+
+std::optional<QVector<HistoryRecord>> SettingsHistory::records(const QString &key)
+{
+    QVector<HistoryRecord> records;
+    auto rows = key.isEmpty() ? m_connection.select(selectRecords + oldestFirst)
+                              : m_connection.select(selectRecords + ofOneSetting + oldestFirst, {key});
+    while (rows && rows->next())
+        records.append(record(*rows));
+    if (!rows || rows->lastError().isValid())
+        return {};
+    return records;
+}
+
+std::optional<QString> SettingsHistory::textAt(const QString &key, qint64 revision)
+{
+    auto rows = m_connection.select(selectText, {key, revision, key, revision, key, revision});
+    const QString text = rows && rows->next() ? rows->value(0).toString() : QString();
+    if (!rows || rows->lastError().isValid())
+        return {};
+    return text;
+}
+
+HistoryRecord SettingsHistory::record(const QSqlQuery &row)
+{
+    const ChangeStamp stamp = ChangeStamp::fromColumns({row.value(7), row.value(8), row.value(9), row.value(10)});
+    return {row.value(0).toLongLong(),
+            row.value(1).toString(),
+            row.value(2).toString(),
+            row.value(3).toLongLong(),
+            row.value(4).toString(),
+            row.value(5).toString(),
+            stamp,
+            row.value(6).toString()};
+}

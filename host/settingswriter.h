@@ -1,0 +1,45 @@
+#pragma once
+
+#include <host/saveresult.h>
+
+#include <optional>
+
+class SqliteConnection;
+
+/// Writes the settings of one save and their history, in a transaction of its owner.
+class SettingsWriter
+{
+public:
+    /// @p connection must live longer and have a write transaction open.
+    SettingsWriter(SqliteConnection &connection, const QString &reason);
+
+    /// Of this save, unique for all times.
+    QString saveId() const;
+
+    /// Stores @p text, unless @p loadedRevision, 0 for a setting that was not there, is no longer the setting's own.
+    /// In that case conflicts() grows. A text that is stored already is left alone. False if the database failed.
+    bool write(const QString &key, const QString &text, const QString &loadedText, qint64 loadedRevision);
+
+    const QVector<SettingConflict> &conflicts() const;
+    /// What write() has made of them: stored key → revision.
+    const QHash<QString, qint64> &revisions() const;
+
+private:
+    struct Stored
+    {
+        QString text;
+        qint64 revision = 0; ///< 0 if there is no such setting
+        ChangeStamp stamp;
+    };
+    std::optional<Stored> read(const QString &key);
+    /// The number of settings that were written, 0 or 1; -1 if the database failed.
+    int compareAndSet(const QString &key, const QString &text, qint64 loadedRevision);
+    bool remember(const QString &key, const Stored &before);
+
+    SqliteConnection &m_connection;
+    QString m_saveId;
+    QString m_reason;
+    ChangeStamp m_stamp;
+    QVector<SettingConflict> m_conflicts;
+    QHash<QString, qint64> m_revisions;
+};

@@ -21,11 +21,11 @@ function(vx_include_folder result package)
     set(${result} ${folder} PARENT_SCOPE)
 endfunction()
 
-# vx_install_library(TARGET PACKAGE NAME DESCRIPTION TEXT HEADERS DIRECTORY REQUIRES PKG_CONFIG_MODULES...)
+# vx_install_library(TARGET PACKAGE NAME DESCRIPTION TEXT HEADERS DIRECTORY QT_MODULE NAME)
 #
 # HEADERS is the folder whose headers are all public; generated ones are taken from include/ of the build folder.
 function(vx_install_library target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PACKAGE;DESCRIPTION;HEADERS" "REQUIRES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PACKAGE;DESCRIPTION;HEADERS;QT_MODULE" "")
     vx_include_folder(include_folder ${arg_PACKAGE})
 
     set_target_properties(${target} PROPERTIES
@@ -47,7 +47,7 @@ function(vx_install_library target)
     set(pc_name ${target}${VX_NAME_SUFFIX})
     set(pc_description ${arg_DESCRIPTION})
     set(pc_include_folder ${include_folder})
-    list(JOIN arg_REQUIRES ", " pc_requires)
+    set(pc_requires "${VX_QT}${arg_QT_MODULE} >= ${VX_QT_MINIMUM}")
     file(RELATIVE_PATH pc_prefix /${pc_folder} /)
     string(REGEX REPLACE "/$" "" pc_prefix ${pc_prefix})
     configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${pc_name}.pc @ONLY)

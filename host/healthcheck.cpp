@@ -27,7 +27,8 @@ OBJECT_PARAMETERS HealthCheck::repairs(const QVector<SettingFinding> &findings) 
         const auto &[key, member] = finding.address;
         if (finding.repair.isNull())
             continue;
-        if (member.isEmpty()) {
+        // A member may have an empty name.
+        if (member.isEmpty() && finding.problem != Kind::DuplicateMember) {
             texts.insert(key, finding.repair);
             continue;
         }

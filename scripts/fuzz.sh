@@ -13,7 +13,7 @@ build=build/fuzz
 cmake --preset fuzz > /dev/null
 cmake --build --preset fuzz
 mkdir -p "$build/corpus"
-export LSAN_OPTIONS=suppressions=tests/lsan.supp:print_suppressions=0
+export LSAN_OPTIONS=suppressions=tests/fuzz/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
 "$build/bin/settingsfuzzer" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 \
     -dict=tests/fuzz/settings.dict -artifact_prefix="$build/" "$build/corpus" tests/fuzz/corpus

@@ -191,10 +191,12 @@ void checkDifference(const OBJECT_PARAMETERS &wanted)
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, sample().settings, objects()))
         require((row.state == State::Invalid) != row.error.isEmpty(), "only what is invalid has an error", row.key);
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, {}, objects())) {
-        const bool isAccepted =
-            SettingValue::judge({row.key}, wanted.value(row.key), objects()).stored == wanted.value(row.key);
-        if (SettingAddress{row.key}.isKnown())
-            require((row.state == State::Changed) == isAccepted, "files are judged as command lines are", row.key);
+        const QString text = wanted.value(row.key);
+        const auto judged = SettingValue::judge({row.key}, text, objects()).stored;
+        if (row.state == State::Changed)
+            require(judged.has_value(), "what a file may store a command line may store", row.key);
+        if (row.state == State::Invalid)
+            require(judged != text, "what a command line stores a file may store", row.key);
     }
 }
 

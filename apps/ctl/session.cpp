@@ -1,5 +1,6 @@
 #include "session.h"
 
+#include "stampwords.h"
 #include "valuewords.h"
 
 #include <host/databasefile.h>
@@ -67,9 +68,21 @@ const ObjectIndex &Session::objects() const
     return m_objects;
 }
 
+std::optional<Report> Session::readHistory(const QString &key, QVector<HistoryRecord> &records)
+{
+    const auto error = m_store.history(key, records);
+    return error ? std::optional(Report::failure(ExitDatabase, error->text())) : std::nullopt;
+}
+
+std::optional<Report> Session::readTextAt(const QString &key, qint64 revision, QString &text)
+{
+    const auto error = m_store.textAt(key, revision, text);
+    return error ? std::optional(Report::failure(ExitDatabase, error->text())) : std::nullopt;
+}
+
 std::optional<Report> Session::save(const OBJECT_PARAMETERS &changes)
 {
-    const SaveResult result = m_store.save(changes, m_installation);
+    const SaveResult result = m_store.save(changes, m_installation, m_commandLine.reason());
     if (result.error)
         return Report::failure(ExitDatabase, result.error->text());
     if (!result.conflicts.isEmpty())
@@ -87,13 +100,15 @@ Report Session::conflictReport(const QVector<SettingConflict> &conflicts) const
     QJsonArray rows;
     for (const SettingConflict &conflict : conflicts) {
         const SettingAddress address{conflict.key};
-        lines.append(tr("%1: было %2, сейчас %3, вы задаёте %4")
+        lines.append(tr("%1: было %2, сейчас %3 (%4), вы задаёте %5")
                          .arg(conflict.key, ValueWords::words(address, conflict.loaded),
-                              ValueWords::words(address, conflict.stored),
+                              ValueWords::words(address, conflict.stored), StampWords::sentence(conflict.stamp),
                               ValueWords::words(address, conflict.wanted)));
-        rows.append(ValueWords::json(address, {{QStringLiteral("base"), conflict.loaded},
-                                               {QStringLiteral("theirs"), conflict.stored},
-                                               {QStringLiteral("mine"), conflict.wanted}}));
+        QJsonObject row = ValueWords::json(address, {{QStringLiteral("base"), conflict.loaded},
+                                                     {QStringLiteral("theirs"), conflict.stored},
+                                                     {QStringLiteral("mine"), conflict.wanted}});
+        StampWords::insertInto(row, conflict.stamp);
+        rows.append(row);
     }
     Report report = Report::failure(ExitConflict, lines.join(QLatin1Char('\n')));
     QJsonObject json = report.json.object();

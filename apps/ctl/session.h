@@ -4,6 +4,7 @@
 #include "report.h"
 
 #include <host/databaselocation.h>
+#include <host/historyrecord.h>
 #include <host/installation.h>
 #include <host/objectindex.h>
 #include <host/saveresult.h>
@@ -33,7 +34,12 @@ public:
     /// What load() has read, and save() written.
     const QHash<QString, QString> &settings() const;
     const ObjectIndex &objects() const;
-    /// Stores @p changes, all or none, in what load() has opened. What went wrong, or nothing.
+    /// The changes of @p key, of all settings if it is empty, oldest first. What went wrong, or nothing.
+    [[nodiscard]] std::optional<Report> readHistory(const QString &key, QVector<HistoryRecord> &records);
+    /// What the setting held at @p revision, null if that is not remembered. What went wrong, or nothing.
+    [[nodiscard]] std::optional<Report> readTextAt(const QString &key, qint64 revision, QString &text);
+    /// Stores @p changes, all or none, in what load() has opened, for the reason that the command line gives. What went
+    /// wrong, or nothing.
     [[nodiscard]] std::optional<Report> save(const vantorix::OBJECT_PARAMETERS &changes);
 
 private:

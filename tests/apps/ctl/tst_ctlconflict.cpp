@@ -57,6 +57,7 @@ private Q_SLOTS:
     void initTestCase();
     void aChangeFromElsewhereStopsTheSave_data();
     void aChangeFromElsewhereStopsTheSave();
+    void theOtherIsNamed();
     void aChangeOfAnotherSettingDoesNot();
     void aWriterThatDoesNotEnd();
     void twoProgramsLoseNoUpdate();
@@ -100,9 +101,36 @@ void TestCtlConflict::aChangeFromElsewhereStopsTheSave()
         return;
     const QJsonArray conflicts = program.json()["conflicts"].toArray();
     QCOMPARE(conflicts.size(), 2);
-    const QJsonObject port{{"key", MOBILE_PORT}, {"base", "8443"}, {"theirs", "4711"}, {"mine", "1"}};
-    QVERIFY(conflicts.contains(port));
+    QJsonObject port = conflicts[0]["key"] == MOBILE_PORT ? conflicts[0].toObject() : conflicts[1].toObject();
+    QVERIFY2(!port.take("at").toString().isEmpty(), "the database itself knows when");
+    // Who has written past all programs of this project is not known.
+    const QJsonObject expected{{"key", MOBILE_PORT}, {"base", "8443"},         {"theirs", "4711"},
+                               {"mine", "1"},        {"by", QJsonValue::Null}, {"workstation", QJsonValue::Null}};
+    QCOMPARE(port, expected);
     QCOMPARE(program.json()["status"].toInt(), 4);
+}
+
+void TestCtlConflict::theOtherIsNamed()
+{
+    const SampleDatabase database;
+    AwaitedFile file(database.folder() + "/settings.json");
+    CtlProgram program(database, {"import", "settings.json", "--json"});
+    program.start();
+    QTRY_VERIFY(file.isAwaited());
+    CtlProgram other(database, {"set", "PT_MOBILE_PORT=4711"});
+    QCOMPARE(other.run(), 0);
+    file.finish(document({{MOBILE_PORT, "1"}}));
+    QCOMPARE(program.finish(), 4);
+
+    const ChangeStamp me = ChangeStamp::now();
+    const QJsonObject port = program.json()["conflicts"][0].toObject();
+    QCOMPARE(port["theirs"].toString(), QString("4711"));
+    QCOMPARE(port["by"].toString(), me.by);
+    QCOMPARE(port["workstation"].toString(), me.workstation);
+    const auto at = QDateTime::fromString(port["at"].toString(), Qt::ISODateWithMs);
+    QVERIFY2(port["at"].toString().endsWith('Z'), qPrintable(port["at"].toString()));
+    QVERIFY(qAbs(at.secsTo(me.at)) < 60);
+    QVERIFY2(program.err.contains(me.by + '@' + me.workstation), qPrintable(program.err));
 }
 
 void TestCtlConflict::aChangeOfAnotherSettingDoesNot()

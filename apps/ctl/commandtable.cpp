@@ -134,9 +134,7 @@ QString CommandTable::help()
         commands.addRow({synopsis(command), tr(command.summary)});
         options |= command.options;
     }
-    return tr("Использование: vxsettingsctl [ПАРАМЕТРЫ] КОМАНДА [АРГУМЕНТЫ]\n\n"
-              "Настройки базы данных системы контроля доступа из командной строки.\n\n"
-              "Команды:\n") +
+    return tr("Использование: vxsettingsctl %1\n\n%2\n\nКоманды:\n").arg(synopsis(), purpose()) +
            commands.text(indent) + optionHelp(options) + environmentHelp() + statusHelp();
 }
 
@@ -171,6 +169,16 @@ QString CommandTable::statusHelp()
     for (const ExitStatusText &row : exitStatusTexts)
         table.addRow({QString::number(row.status), QCoreApplication::translate("ExitStatus", row.text)});
     return tr("\nКоды завершения:\n") + table.text(indent);
+}
+
+QString CommandTable::purpose()
+{
+    return tr("Настройки базы данных системы контроля доступа из командной строки.");
+}
+
+QString CommandTable::synopsis()
+{
+    return tr("[ПАРАМЕТРЫ] КОМАНДА [АРГУМЕНТЫ]");
 }
 
 QString CommandTable::synopsis(const Command &command)

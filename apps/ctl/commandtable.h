@@ -25,6 +25,10 @@ public:
     static QString help();
     static QString help(const Command &command);
 
+    /// What the program is for, a sentence.
+    static QString purpose();
+    /// What to type behind the program's name.
+    static QString synopsis();
     /// What to type, as the help has it: "import ФАЙЛ", "-h, --help", "--database <URL>".
     static QString synopsis(const Command &command);
     static QString synopsis(const OptionDescription &row);

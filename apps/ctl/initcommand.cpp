@@ -2,27 +2,10 @@
 
 #include "session.h"
 
-#include <host/databasefile.h>
 #include <host/sampleinstallation.h>
-#include <host/schema.h>
-#include <host/sqliteconnection.h>
+#include <host/settingsstore.h>
 
 #include <QJsonObject>
-
-namespace {
-
-std::optional<DatabaseError> create(const QString &path, const Installation &installation)
-{
-    const DatabaseFile file(path);
-    if (file.exists())
-        return DatabaseError{path, InitCommand::tr("Файл уже есть."),
-                             InitCommand::tr("Он остался как есть. Укажите другой в параметре --database.")};
-    return file.create([&installation](const QString &draft) {
-        SqliteConnection connection(draft, SqliteConnection::Mode::ReadWrite);
-        return Schema::create(connection, installation);
-    });
-}
-} // namespace
 
 Report InitCommand::run(Session &session)
 {
@@ -31,7 +14,7 @@ Report InitCommand::run(Session &session)
     const bool isSample = session.commandLine().isSet(Option::Sample);
     const Installation installation = isSample ? SampleInstallation::make() : Installation();
     const QString path = session.databasePath();
-    if (auto error = create(path, installation))
+    if (auto error = SettingsStore::create(DatabaseLocation::ofFile(path), installation))
         return Report::failure(ExitDatabase, error->text());
 
     const int count = installation.settings.size();

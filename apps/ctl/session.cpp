@@ -32,8 +32,7 @@ std::optional<Report> Session::locationProblem() const
 {
     if (m_location.isValid())
         return {};
-    return Report::failure(ExitUsage,
-                           tr("Такая база данных не поддерживается: «%1». Укажите файл.").arg(m_location.url()));
+    return Report::failure(ExitUsage, m_location.problem());
 }
 
 std::optional<Report> Session::load()
@@ -45,7 +44,7 @@ std::optional<Report> Session::load()
                                   tr("Проверьте параметр --database или создайте базу данных: vxsettingsctl init.")};
         return Report::failure(ExitDatabase, error.text());
     }
-    auto error = m_store.open(databasePath());
+    auto error = m_store.open(m_location);
     if (!error)
         error = m_store.load(m_installation);
     if (error)

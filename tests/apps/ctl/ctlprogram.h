@@ -78,7 +78,7 @@ class SampleDatabase : public TestDatabase
 public:
     SampleDatabase()
     {
-        if (SettingsStore().open(path()))
+        if (SettingsStore().open(DatabaseLocation::ofFile(path())))
             throw std::runtime_error("no sample database");
     }
 };

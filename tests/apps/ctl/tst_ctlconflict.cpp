@@ -150,7 +150,7 @@ void TestCtlConflict::aChangeOfAnotherSettingDoesNot()
 void TestCtlConflict::aWriterThatDoesNotEnd()
 {
     const SampleDatabase database;
-    SqliteConnection writer(database.path(), SqliteConnection::Mode::ReadWrite);
+    SqlConnection writer(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(writer.execute("BEGIN IMMEDIATE"));
     CtlProgram program(database, {"set", "PT_MOBILE_PORT=1"});
     QCOMPARE(program.run(), 5);

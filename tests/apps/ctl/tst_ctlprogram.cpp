@@ -59,8 +59,8 @@ void TestCtlProgram::usageErrors_data()
     QTest::newRow("nothing") << QStringList{};
     QTest::newRow("unknown command") << QStringList{"destroy"};
     QTest::newRow("unknown option") << QStringList{"list", "--no-such"};
-    QTest::newRow("a server") << QStringList{"list", "--database", "postgresql://vx@host/settings"};
-    QTest::newRow("a server to create") << QStringList{"init", "--database", "postgresql://vx@host/settings"};
+    QTest::newRow("another kind of server") << QStringList{"list", "--database", "mysql://vx@host/settings"};
+    QTest::newRow("another kind of server to create") << QStringList{"init", "--database", "mysql://vx@host/settings"};
     QTest::newRow("no value to set") << QStringList{"set", "PT_MOBILE_PORT"};
     QTest::newRow("no key to set") << QStringList{"set", "=1"};
     QTest::newRow("a key twice") << QStringList{"set", "PT_MOBILE_PORT=1", "PT_MOBILE_PORT=2"};

@@ -12,6 +12,7 @@
 #include "restorecommand.h"
 #include "setcommand.h"
 #include "texttable.h"
+#include "watchcommand.h"
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ namespace {
 constexpr OptionDescription optionTable[] = {
     {Option::Help,        'h', "help",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать справку о программе или, после имени команды, о команде.")},
     {Option::Version,     'v', "version",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать версию программы.")},
-    {Option::Database,    0  , "database",     QT_TRANSLATE_NOOP("CommandTable", "URL"),   WordKind::File, QT_TRANSLATE_NOOP("CommandTable", "База данных: sqlite:ПУТЬ или путь.")},
+    {Option::Database,    0  , "database",     QT_TRANSLATE_NOOP("CommandTable", "URL"),   WordKind::File, QT_TRANSLATE_NOOP("CommandTable", "База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ).")},
     {Option::Json,        0  , "json",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Вывести один документ JSON вместо текста.")},
     {Option::DryRun,      0  , "dry-run",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать, что изменится, и ничего не записывать.")},
     {Option::Reason,      0  , "reason",       QT_TRANSLATE_NOOP("CommandTable", "ТЕКСТ"), WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Записать в историю причину изменения.")},
@@ -85,12 +86,21 @@ constexpr Command commandTable[] = {
      RestoreCommand::run},
     {"init", nullptr, {0, 0}, WordKind::Text, Option::Sample,
      QT_TRANSLATE_NOOP("CommandTable", "Создать базу данных, пустую или с примером."),
-     QT_TRANSLATE_NOOP("CommandTable", "Другие команды базу данных не создают. Имеющийся файл остаётся как есть."),
+     QT_TRANSLATE_NOOP("CommandTable",
+        "Другие команды базу данных не создают. Имеющаяся база данных остаётся как есть. На сервере PostgreSQL пустая база\n"
+        "данных уже должна быть, в ней создаются таблицы."),
      InitCommand::run},
+    {"watch", nullptr, {0, 0}, WordKind::Text, {},
+     QT_TRANSLATE_NOOP("CommandTable", "Показывать изменения по мере того, как их сохраняют."),
+     QT_TRANSLATE_NOOP("CommandTable",
+        "Работает, пока её не прервут (Ctrl+C); код завершения тогда 0. С параметром --json каждое изменение — отдельный\n"
+        "документ JSON в одной строке, такой же, как в команде history."),
+     WatchCommand::run},
 };
 
 constexpr EnvironmentVariable environmentTable[] = {
-    {"VXSETTINGS_DATABASE", QT_TRANSLATE_NOOP("CommandTable", "База данных, если нет --database. Без неё — файл в папке данных пользователя.")},
+    {"VXSETTINGS_DATABASE",    QT_TRANSLATE_NOOP("CommandTable", "База данных, если нет --database. Без неё — файл в папке данных пользователя.")},
+    {"PGPASSFILE, PGPASSWORD", QT_TRANSLATE_NOOP("CommandTable", "Файл с паролями сервера PostgreSQL (иначе ~/.pgpass) или сам пароль.")},
 };
 // clang-format on
 

@@ -4,18 +4,12 @@
 #include "session.h"
 #include "stampwords.h"
 #include "texttable.h"
-#include "valuewords.h"
 
 #include <QJsonArray>
 
 using Records = QVector<HistoryRecord>;
 
 namespace {
-
-QString words(const SettingAddress &address, const std::optional<QString> &value)
-{
-    return ValueWords::isSecret(address) ? HistoryCommand::tr("скрыто") : ValueWords::words(address, value);
-}
 
 /// Of one @p member only, unless it is empty.
 QString table(const Records &records, const QString &member)
@@ -27,8 +21,8 @@ QString table(const Records &records, const QString &member)
         for (const auto &[address, before, after] : HistoryWords::rows(record)) {
             if (member.isEmpty() || address.member == member)
                 table.addRow({QString::number(record.revision), StampWords::time(record.stamp),
-                              StampWords::who(record.stamp), address.text(), words(address, before),
-                              words(address, after), record.saveId, record.reason});
+                              StampWords::who(record.stamp), address.text(), before, after, record.saveId,
+                              record.reason});
         }
     }
     return table.text();

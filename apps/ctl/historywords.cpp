@@ -1,6 +1,7 @@
 #include "historywords.h"
 
 #include "stampwords.h"
+#include "storeddifference.h"
 #include "valuewords.h"
 
 namespace {
@@ -16,12 +17,18 @@ QJsonValue orNull(const QString &text)
 }
 } // namespace
 
-QVector<StoredDifference::Row> HistoryWords::rows(const HistoryRecord &record)
+QVector<HistoryWords::Row> HistoryWords::rows(const HistoryRecord &record)
 {
-    const SettingAddress address{record.key};
-    if (ValueWords::isSecret(address))
-        return {{address, {}, {}}};
-    return StoredDifference(settings(record, record.oldValue), settings(record, record.newValue)).rows();
+    const SettingAddress whole{record.key};
+    if (ValueWords::isSecret(whole))
+        return {{whole, tr("скрыто"), tr("скрыто")}};
+    if (record.newValue.isNull())
+        return {{whole, ValueWords::words(whole, record.oldValue), ValueWords::words(whole, {})}};
+    const StoredDifference difference(settings(record, record.oldValue), settings(record, record.newValue));
+    QVector<Row> rows;
+    for (const auto &[address, before, after] : difference.rows())
+        rows.append({address, ValueWords::words(address, before), ValueWords::words(address, after)});
+    return rows;
 }
 
 std::optional<QJsonObject> HistoryWords::json(const HistoryRecord &record, const SettingAddress &address)

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "storeddifference.h"
-
 #include <host/historyrecord.h>
+#include <host/settingaddress.h>
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QVector>
 
@@ -12,9 +12,18 @@
 /// Remembered changes as the program prints them.
 class HistoryWords
 {
+    Q_DECLARE_TR_FUNCTIONS(HistoryWords)
+
 public:
-    /// What has changed in it: of a JSON setting each member, of a secret one row without values.
-    static QVector<StoredDifference::Row> rows(const HistoryRecord &record);
+    struct Row
+    {
+        SettingAddress address;
+        QString before;
+        QString after;
+    };
+
+    /// What has changed in it, for people: of a JSON setting each member, of a secret one row without values.
+    static QVector<Row> rows(const HistoryRecord &record);
 
     /// An object with "key", "old" and "new" of what is stored at @p address, which belongs to the record's setting,
     /// and with "revision", "by", "workstation", "at", "program", "save" and "reason". A secret has null values and is

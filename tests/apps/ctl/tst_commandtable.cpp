@@ -32,7 +32,7 @@ void TestCommandTable::everyCommandIsThereOnce()
     for (const Command &command : CommandTable::commands())
         names.append(command.name);
     const QStringList expected{"list",   "get",  "set",     "describe", "check", "export",
-                               "import", "diff", "history", "restore",  "init"};
+                               "import", "diff", "history", "restore",  "init",  "watch"};
     QCOMPARE(names, expected);
 }
 

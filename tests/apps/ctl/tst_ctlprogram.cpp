@@ -99,6 +99,7 @@ void TestCtlProgram::aDatabaseIsOnlyMadeByInit_data()
     QTest::newRow("diff") << QStringList{"diff", "x.json"};
     QTest::newRow("history") << QStringList{"history"};
     QTest::newRow("restore") << QStringList{"restore", "PT_MOBILE_PORT@1"};
+    QTest::newRow("watch") << QStringList{"watch"};
 }
 
 void TestCtlProgram::aDatabaseIsOnlyMadeByInit()

@@ -30,11 +30,11 @@ bool hasContent(const QString &path)
 }
 
 /// How to look into a database so that nothing changes. A writer that closes it tidies up: it carries over what a
-/// killed program has left in its logs. A reader leaves empty logs behind where there were none.
+/// killed program has left in its log. A reader leaves an empty log behind where there was none, and can read nothing
+/// at all where a killed program has left half a change that must be taken back by its journal.
 Mode modeForLooking(const QString &path)
 {
-    const bool hasLogs = hasContent(path + QStringLiteral("-wal")) || hasContent(path + QStringLiteral("-journal"));
-    return hasLogs ? Mode::ReadOnly : Mode::ReadWrite;
+    return hasContent(path + QStringLiteral("-wal")) ? Mode::ReadOnly : Mode::ReadWrite;
 }
 
 std::optional<DatabaseError> fileProblem(const DatabaseLocation &location)

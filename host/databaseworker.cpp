@@ -50,8 +50,11 @@ DatabaseResult<bool> DatabaseWorker::watch()
 {
     m_options.isWatching = true;
     return access<DatabaseResult<bool>>([this](SettingsStore &) {
-        const auto error = listen();
-        return error ? DatabaseResult<bool>(*error) : DatabaseResult<bool>(true);
+        if (auto error = listen())
+            return DatabaseResult<bool>(*error);
+        // Somebody may have written between the last reading and this.
+        Q_EMIT hinted();
+        return DatabaseResult<bool>(true);
     });
 }
 
@@ -77,7 +80,12 @@ std::optional<DatabaseError> DatabaseWorker::open()
         return error;
     m_store = std::move(store);
     m_control.setSocket(m_store->socket());
-    return m_options.isWatching ? listen() : std::nullopt;
+    auto error = m_options.isWatching ? listen() : std::nullopt;
+    // What was told while there was no connection is gone.
+    if (!error && m_wasOpen)
+        Q_EMIT hinted();
+    m_wasOpen = true;
+    return error;
 }
 
 void DatabaseWorker::close()

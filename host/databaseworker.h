@@ -81,6 +81,7 @@ private:
     std::unique_ptr<QObject> m_context;     ///< lives in the thread
     std::unique_ptr<SettingsStore> m_store; ///< lives in the thread; null while there is no connection
     std::unique_ptr<QSocketNotifier> m_notifier;
+    bool m_wasOpen = false;
 };
 
 template <typename Result>

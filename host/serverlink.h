@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QSqlError>
+#include <QVariant>
 
 class QSqlDatabase;
 struct pg_conn;
@@ -17,6 +18,13 @@ public:
 
     /// Whether the last exchange found the server there.
     bool isAlive() const;
+    /// Runs one statement that gives no rows; each "?" stands for the next of the values. How many rows it has changed
+    /// by itself; -1 if it failed.
+    ///
+    /// The driver would make the values a part of the statement, which a server writes into its log when it fails.
+    int execute(const QString &statement, const QVariantList &values);
+    /// Of the last execute() that failed.
+    QSqlError lastError() const;
     /// The descriptor to wait at; -1 without a connection.
     int socket() const;
     /// Takes in what has arrived; what this connection itself has caused does not count. Never waits.
@@ -24,4 +32,5 @@ public:
 
 private:
     pg_conn *m_connection;
+    QSqlError m_error;
 };

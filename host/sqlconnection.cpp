@@ -107,17 +107,18 @@ bool SqlConnection::isOpen() const
 
 bool SqlConnection::execute(const QString &statement, const QVariantList &values)
 {
-    QSqlQuery query(m_database);
-    const bool done = run(query, statement, values);
-    m_affectedRows = done ? query.numRowsAffected() : 0;
-    return done;
+    if (!isOpen())
+        return false;
+    m_affectedRows = engine() == Engine::Sqlite ? executeInFile(statement, values) : executeOnServer(statement, values);
+    return m_affectedRows >= 0;
 }
 
 std::optional<QSqlQuery> SqlConnection::select(const QString &statement, const QVariantList &values)
 {
     QSqlQuery query(m_database);
     query.setForwardOnly(true);
-    if (!run(query, statement, values))
+    const bool isFile = engine() == Engine::Sqlite;
+    if (!isOpen() || !(isFile ? run(query, statement, values) : runWithLiterals(query, statement, values)))
         return {};
     return query;
 }
@@ -157,17 +158,32 @@ void SqlConnection::openServer(Mode mode)
     m_database.setConnectOptions(serverOptions);
     if (!m_database.open())
         remember(m_database.lastError());
-    else if (!execute(serverSettings) || (mode == Mode::ReadOnly && !execute(readOnly)))
+    else if (!select(serverSettings) || (mode == Mode::ReadOnly && !execute(readOnly)))
         m_database.close();
+}
+
+int SqlConnection::executeInFile(const QString &statement, const QVariantList &values)
+{
+    QSqlQuery query(m_database);
+    return run(query, statement, values) ? qMax(0, query.numRowsAffected()) : -1;
+}
+
+int SqlConnection::executeOnServer(const QString &statement, const QVariantList &values)
+{
+    if (holdsNul(values)) {
+        m_error = {m_location.name(), tr("В тексте есть нулевой символ, которого PostgreSQL не хранит."),
+                   tr("Уберите его из текста.")};
+        return -1;
+    }
+    ServerLink link(m_database);
+    const int affectedRows = link.execute(statement, values);
+    if (affectedRows < 0)
+        remember(link.lastError());
+    return affectedRows;
 }
 
 bool SqlConnection::run(QSqlQuery &query, const QString &statement, const QVariantList &values)
 {
-    if (!isOpen())
-        return false;
-    if (engine() == Engine::PostgreSql)
-        return runWithLiterals(query, statement, values);
-
     bool done = query.prepare(statement);
     for (const QVariant &value : values)
         query.addBindValue(value);
@@ -178,14 +194,9 @@ bool SqlConnection::run(QSqlQuery &query, const QString &statement, const QVaria
 }
 
 /// With this driver a prepared statement costs two more round trips, and complains in the log if the connection or the
-/// transaction does not outlive it. The driver itself makes literals of the values either way.
+/// transaction does not outlive it.
 bool SqlConnection::runWithLiterals(QSqlQuery &query, const QString &statement, const QVariantList &values)
 {
-    if (holdsNul(values)) {
-        m_error = {m_location.name(), tr("В тексте есть нулевой символ, которого PostgreSQL не хранит."),
-                   tr("Уберите его из текста.")};
-        return false;
-    }
     const QStringList parts = statement.split(QLatin1Char('?'));
     QString complete = parts.first();
     for (int i = 0; i < values.size(); ++i)

@@ -33,9 +33,9 @@ public:
 
     /// Whether the database is open. SQLite itself looks into a file with the first statement only.
     bool isOpen() const;
-    /// Runs one statement; each "?" stands for the next of the values.
+    /// Runs one statement that gives no rows; each "?" stands for the next of the values.
     bool execute(const QString &statement, const QVariantList &values = {});
-    /// The rows of a query, at their start; nothing if it failed.
+    /// The rows of a query, at their start; nothing if it failed. The values are no secrets: a server may log them.
     std::optional<QSqlQuery> select(const QString &statement, const QVariantList &values = {});
     /// The first column of the first row; invalid if there is none or the query failed.
     QVariant selectOne(const QString &statement, const QVariantList &values = {});
@@ -47,7 +47,9 @@ public:
 private:
     void openFile(Mode mode);
     void openServer(Mode mode);
-    /// Runs it, and remembers the error if it fails.
+    /// The number of changed rows; -1 if it failed.
+    int executeInFile(const QString &statement, const QVariantList &values);
+    int executeOnServer(const QString &statement, const QVariantList &values);
     bool run(QSqlQuery &query, const QString &statement, const QVariantList &values);
     bool runWithLiterals(QSqlQuery &query, const QString &statement, const QVariantList &values);
     void remember(const QSqlError &error);

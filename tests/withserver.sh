@@ -7,4 +7,4 @@ set -euo pipefail
 
 # Servers that start at the same time would all take the first free port.
 port=$((20000 + $$ % 20000))
-exec pg_virtualenv -t -c "--port=$port" "$@"
+exec pg_virtualenv -t -c "--port=$port" -o fsync=off "$@"

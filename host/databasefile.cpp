@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <sys/stat.h>
+
 namespace {
 
 const QByteArray sqliteSignature = QByteArrayLiteral("SQLite format 3\0");
@@ -24,6 +26,14 @@ bool DatabaseFile::exists() const
 {
     const QFileInfo info(m_path);
     return info.exists() || info.isSymLink();
+}
+
+QByteArray DatabaseFile::identity() const
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0)
+        return {};
+    return QByteArray::number(quint64(status.st_dev)) + ':' + QByteArray::number(quint64(status.st_ino));
 }
 
 std::optional<DatabaseError> DatabaseFile::problem() const
@@ -55,6 +65,8 @@ std::optional<DatabaseError> DatabaseFile::problem() const
 std::optional<DatabaseError>
 DatabaseFile::create(const std::function<std::optional<DatabaseError>(const QString &path)> &fill) const
 {
+    if (exists())
+        return existsError();
     // SQLite would play the last changes of a database that is gone into the new one.
     for (const char *suffix : {"-wal", "-journal"}) {
         const QString log = m_path + QLatin1String(suffix);
@@ -77,11 +89,16 @@ DatabaseFile::create(const std::function<std::optional<DatabaseError>(const QStr
         return failure;
 
     // Takes the final name only if nobody else has taken it meanwhile.
-    if (draft.rename(m_path))
-        draft.setAutoRemove(false);
-    else if (!exists())
-        return error(tr("Не удаётся создать файл: %1.").arg(draft.errorString()), advice);
+    if (!draft.rename(m_path))
+        return exists() ? existsError() : error(tr("Не удаётся создать файл: %1.").arg(draft.errorString()), advice);
+    draft.setAutoRemove(false);
     return {};
+}
+
+DatabaseError DatabaseFile::existsError() const
+{
+    return {m_path, tr("Файл уже есть."), tr("Он остался как есть. Укажите другой в параметре --database."),
+            DatabaseError::Kind::Exists};
 }
 
 DatabaseError DatabaseFile::error(const QString &reason, const QString &advice) const

@@ -5,9 +5,9 @@ SaveResult SaveResult::nothingToDo()
     return {};
 }
 
-SaveResult SaveResult::saved(const QString &saveId, const QHash<QString, qint64> &revisions)
+SaveResult SaveResult::saved(const QString &saveId, const QHash<QString, qint64> &revisions, const ChangeStamp &stamp)
 {
-    return {Outcome::Saved, {}, {}, {}, saveId, revisions};
+    return {Outcome::Saved, {}, {}, {}, saveId, revisions, stamp};
 }
 
 SaveResult SaveResult::conflicting(const QVector<SettingConflict> &conflicts)
@@ -23,6 +23,11 @@ SaveResult SaveResult::unreadable(const QStringList &keys)
 SaveResult SaveResult::failed(const DatabaseError &error)
 {
     return {Outcome::Failed, {}, {}, error};
+}
+
+SaveResult SaveResult::unknown(const QString &saveId, const DatabaseError &error)
+{
+    return {Outcome::Unknown, {}, {}, error, saveId};
 }
 
 bool SaveResult::isDone() const

@@ -21,7 +21,7 @@ struct SettingConflict
     ChangeStamp stamp = {}; ///< of what is stored
 };
 
-/// What became of a save. Unless it was saved, the database is as it was.
+/// What became of a save. Unless it was saved or nobody knows, the database is as it was.
 struct [[nodiscard]] SaveResult
 {
     enum class Outcome {
@@ -29,21 +29,24 @@ struct [[nodiscard]] SaveResult
         Saved,
         Conflicting, ///< see conflicts
         Unreadable,  ///< a stored JSON text cannot be merged with an edit, see unreadableKeys
-        Failed,      ///< see error
+        Failed,      ///< nothing was written, see error
+        Unknown,     ///< it may or may not be stored, see error and saveId
     };
 
     Outcome outcome = Outcome::NothingToDo;
     QVector<SettingConflict> conflicts;
     QStringList unreadableKeys;
     std::optional<DatabaseError> error;
-    QString saveId = {};                   ///< of what was saved, as the history has it
+    QString saveId = {};                   ///< of what was or may be saved, as the history has it
     QHash<QString, qint64> revisions = {}; ///< stored key → its new revision, of every setting that was changed
+    ChangeStamp stamp = {};                ///< of what was saved
 
     static SaveResult nothingToDo();
-    static SaveResult saved(const QString &saveId, const QHash<QString, qint64> &revisions);
+    static SaveResult saved(const QString &saveId, const QHash<QString, qint64> &revisions, const ChangeStamp &stamp);
     static SaveResult conflicting(const QVector<SettingConflict> &conflicts);
     static SaveResult unreadable(const QStringList &keys);
     static SaveResult failed(const DatabaseError &error);
+    static SaveResult unknown(const QString &saveId, const DatabaseError &error);
 
     /// Whether the database now holds everything that was to be saved.
     bool isDone() const;

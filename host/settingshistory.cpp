@@ -1,46 +1,52 @@
 #include "settingshistory.h"
 
-#include "sqliteconnection.h"
+#include "sqlconnection.h"
 
 namespace {
 
 const QString selectRecords = QStringLiteral("SELECT id, save_id, key, revision, old_value, new_value, reason, "
                                              "changed_at, changed_by, workstation, program FROM history");
-const QString ofOneSetting = QStringLiteral(" WHERE key = ?");
 const QString oldestFirst = QStringLiteral(" ORDER BY id");
 
 /// What a setting started with has no record of its own; the first change tells it.
-const QString selectText = QStringLiteral("SELECT value FROM settings WHERE key = ? AND revision = ? "
+const QString selectText = QStringLiteral("SELECT value, 1 AS source FROM settings WHERE key = ? AND revision = ? "
                                           "UNION ALL "
-                                          "SELECT new_value FROM history WHERE key = ? AND revision = ? "
+                                          "SELECT new_value, 2 FROM history WHERE key = ? AND revision = ? "
                                           "UNION ALL "
-                                          "SELECT old_value FROM history WHERE key = ? AND revision = ? + 1 "
-                                          "LIMIT 1");
+                                          "SELECT old_value, 3 FROM history WHERE key = ? AND revision = ? "
+                                          "ORDER BY source LIMIT 1");
 } // namespace
 
-SettingsHistory::SettingsHistory(SqliteConnection &connection)
+SettingsHistory::SettingsHistory(SqlConnection &connection)
     : m_connection(connection)
 {}
 
 std::optional<QVector<HistoryRecord>> SettingsHistory::records(const QString &key)
 {
-    QVector<HistoryRecord> records;
-    auto rows = key.isEmpty() ? m_connection.select(selectRecords + oldestFirst)
-                              : m_connection.select(selectRecords + ofOneSetting + oldestFirst, {key});
-    while (rows && rows->next())
-        records.append(record(*rows));
-    if (!rows || rows->lastError().isValid())
-        return {};
-    return records;
+    return key.isEmpty() ? select({}, {}) : select(QStringLiteral(" WHERE key = ?"), {key});
+}
+
+std::optional<QVector<HistoryRecord>> SettingsHistory::recordsOfSave(const QString &saveId)
+{
+    return select(QStringLiteral(" WHERE save_id = ?"), {saveId});
 }
 
 std::optional<QString> SettingsHistory::textAt(const QString &key, qint64 revision)
 {
-    auto rows = m_connection.select(selectText, {key, revision, key, revision, key, revision});
+    auto rows = m_connection.select(selectText, {key, revision, key, revision, key, revision + 1});
     const QString text = rows && rows->next() ? rows->value(0).toString() : QString();
-    if (!rows || rows->lastError().isValid())
+    if (!m_connection.isComplete(rows))
         return {};
     return text;
+}
+
+std::optional<QVector<HistoryRecord>> SettingsHistory::select(const QString &where, const QVariantList &values)
+{
+    QVector<HistoryRecord> records;
+    auto rows = m_connection.select(selectRecords + where + oldestFirst, values);
+    while (rows && rows->next())
+        records.append(record(*rows));
+    return m_connection.isComplete(rows) ? std::optional(records) : std::nullopt;
 }
 
 HistoryRecord SettingsHistory::record(const QSqlQuery &row)

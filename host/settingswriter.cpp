@@ -2,7 +2,7 @@
 
 #include "settingaddress.h"
 #include "settingwords.h"
-#include "sqliteconnection.h"
+#include "sqlconnection.h"
 
 #include <QUuid>
 
@@ -12,15 +12,14 @@ const QString selectSetting = QStringLiteral("SELECT value, revision, changed_at
                                              "FROM settings WHERE key = ?");
 const QString insertSetting =
     QStringLiteral("INSERT INTO settings(value, changed_at, changed_by, workstation, program, key, revision) "
-                   "VALUES(?, ?, ?, ?, ?, ?, ? + 1) ON CONFLICT(key) DO NOTHING");
+                   "VALUES(?, ?, ?, ?, ?, ?, 1) ON CONFLICT(key) DO NOTHING");
 const QString updateSetting =
     QStringLiteral("UPDATE settings SET value = ?, changed_at = ?, changed_by = ?, workstation = ?, program = ?, "
                    "revision = revision + 1 WHERE key = ? AND revision = ?");
-const QString insertRecord = QStringLiteral("INSERT INTO history(save_id, key, revision, old_value, new_value, "
-                                            "changed_at, changed_by, workstation, program, reason) "
-                                            "SELECT ?, key, revision, ?, CASE WHEN ? THEN NULL ELSE value END, "
-                                            "changed_at, changed_by, workstation, program, ? "
-                                            "FROM settings WHERE key = ?");
+const QString insertRecord =
+    QStringLiteral("INSERT INTO history(save_id, key, revision, old_value, new_value, reason, "
+                   "changed_at, changed_by, workstation, program) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+const QString selectRevision = QStringLiteral("SELECT revision FROM settings WHERE key = ?");
 
 bool isSecret(const QString &key)
 {
@@ -34,17 +33,12 @@ QString notNull(const QString &text)
 }
 } // namespace
 
-SettingsWriter::SettingsWriter(SqliteConnection &connection, const QString &reason)
+SettingsWriter::SettingsWriter(SqlConnection &connection, const QString &saveId, const QString &reason)
     : m_connection(connection)
-    , m_saveId(QUuid::createUuid().toString(QUuid::WithoutBraces))
-    , m_reason(reason)
+    , m_saveId(saveId)
+    , m_reason(reason.isEmpty() ? QString() : reason)
     , m_stamp(ChangeStamp::now())
 {}
-
-QString SettingsWriter::saveId() const
-{
-    return m_saveId;
-}
 
 bool SettingsWriter::write(const QString &key, const QString &text, const QString &loadedText, qint64 loadedRevision)
 {
@@ -55,10 +49,14 @@ bool SettingsWriter::write(const QString &key, const QString &text, const QStrin
     if (isThere && before->revision == loadedRevision && before->text == text)
         return true;
 
-    const int written = compareAndSet(key, notNull(text), loadedRevision);
-    if (written == 0)
-        m_conflicts.append({key, loadedText, before->text, text, before->revision, before->stamp});
-    return written == 0 || (written == 1 && remember(key, *before));
+    switch (compareAndSet(key, notNull(text), loadedRevision)) {
+    case 1:
+        return remember(key, notNull(text), before->text);
+    case 0:
+        return addConflict(key, text, loadedText);
+    default:
+        return false;
+    }
 }
 
 const QVector<SettingConflict> &SettingsWriter::conflicts() const
@@ -71,12 +69,18 @@ const QHash<QString, qint64> &SettingsWriter::revisions() const
     return m_revisions;
 }
 
+const ChangeStamp &SettingsWriter::stamp() const
+{
+    return m_stamp;
+}
+
 std::optional<SettingsWriter::Stored> SettingsWriter::read(const QString &key)
 {
     auto row = m_connection.select(selectSetting, {key});
-    if (!row)
+    const bool isThere = row && row->next();
+    if (!m_connection.isComplete(row))
         return {};
-    if (!row->next())
+    if (!isThere)
         return Stored{};
     return Stored{notNull(row->value(0).toString()), row->value(1).toLongLong(),
                   ChangeStamp::fromColumns({row->value(2), row->value(3), row->value(4), row->value(5)})};
@@ -84,20 +88,30 @@ std::optional<SettingsWriter::Stored> SettingsWriter::read(const QString &key)
 
 int SettingsWriter::compareAndSet(const QString &key, const QString &text, qint64 loadedRevision)
 {
-    const QVariantList values = QVariantList{text} + m_stamp.toColumns() + QVariantList{key, loadedRevision};
-    if (!m_connection.executePrepared(loadedRevision == 0 ? insertSetting : updateSetting, values))
+    const bool isNew = loadedRevision == 0;
+    QVariantList values = QVariantList{text} + m_stamp.toColumns() + QVariantList{key};
+    if (!isNew)
+        values.append(loadedRevision);
+    if (!m_connection.execute(isNew ? insertSetting : updateSetting, values))
         return -1;
     return m_connection.affectedRows();
 }
 
-bool SettingsWriter::remember(const QString &key, const Stored &before)
+bool SettingsWriter::remember(const QString &key, const QString &text, const QString &textBefore)
 {
-    const bool secret = isSecret(key);
-    const QString oldValue = secret ? QString() : before.text;
-    if (!m_connection.executePrepared(insertRecord, {m_saveId, oldValue, secret, m_reason, key}))
-        return false;
-    const QVariant revision =
-        m_connection.selectOne(QStringLiteral("SELECT revision FROM settings WHERE key = ?"), {key});
+    const QVariant revision = m_connection.selectOne(selectRevision, {key});
     m_revisions.insert(key, revision.toLongLong());
-    return revision.isValid();
+    const bool secret = isSecret(key);
+    const QVariantList record{m_saveId, key, revision, secret ? QString() : textBefore, secret ? QString() : text,
+                              m_reason};
+    return revision.isValid() && m_connection.execute(insertRecord, record + m_stamp.toColumns());
+}
+
+bool SettingsWriter::addConflict(const QString &key, const QString &text, const QString &loadedText)
+{
+    // Another writer on a server may have been faster since it was read.
+    const auto stored = read(key);
+    if (stored)
+        m_conflicts.append({key, loadedText, stored->text, text, stored->revision, stored->stamp});
+    return stored.has_value();
 }

@@ -4,17 +4,15 @@
 
 #include <optional>
 
-class SqliteConnection;
+class SqlConnection;
 
 /// Writes the settings of one save and their history, in a transaction of its owner.
 class SettingsWriter
 {
 public:
     /// @p connection must live longer and have a write transaction open.
-    SettingsWriter(SqliteConnection &connection, const QString &reason);
-
-    /// Of this save, unique for all times.
-    QString saveId() const;
+    /// @p saveId is unique for all times; @p reason may be empty.
+    SettingsWriter(SqlConnection &connection, const QString &saveId, const QString &reason);
 
     /// Stores @p text, unless @p loadedRevision, 0 for a setting that was not there, is no longer the setting's own.
     /// In that case conflicts() grows. A text that is stored already is left alone. False if the database failed.
@@ -23,6 +21,8 @@ public:
     const QVector<SettingConflict> &conflicts() const;
     /// What write() has made of them: stored key → revision.
     const QHash<QString, qint64> &revisions() const;
+    /// With which it has marked them.
+    const ChangeStamp &stamp() const;
 
 private:
     struct Stored
@@ -34,9 +34,10 @@ private:
     std::optional<Stored> read(const QString &key);
     /// The number of settings that were written, 0 or 1; -1 if the database failed.
     int compareAndSet(const QString &key, const QString &text, qint64 loadedRevision);
-    bool remember(const QString &key, const Stored &before);
+    bool remember(const QString &key, const QString &text, const QString &textBefore);
+    bool addConflict(const QString &key, const QString &text, const QString &loadedText);
 
-    SqliteConnection &m_connection;
+    SqlConnection &m_connection;
     QString m_saveId;
     QString m_reason;
     ChangeStamp m_stamp;

@@ -8,11 +8,11 @@ set -euo pipefail
 run_packages=(
     cmake g++ ninja-build
     qtbase5-dev qttools5-dev qttools5-dev-tools
-    libqt5svg5 libqt5sql5-sqlite
+    libqt5svg5 libqt5sql5-sqlite libqt5sql5-psql libpq-dev
     fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
-    clang-format clang-tidy codespell gcovr git libbenchmark-dev python3 shellcheck sqlite3 valgrind xauth xvfb
+    clang clang-format clang-tidy codespell gcovr git libbenchmark-dev librapidcheck-dev postgresql postgresql-common python3 shellcheck sqlite3 strace valgrind xauth xvfb
 )
 
 packages=("${run_packages[@]}")

@@ -130,6 +130,7 @@ bool MainWindow::save()
         case SaveResult::Outcome::Saved:
             return true;
         case SaveResult::Outcome::Failed:
+        case SaveResult::Outcome::Unknown:
             SaveQuestions::showError(this, *result.error);
             return false;
         case SaveResult::Outcome::Unreadable:

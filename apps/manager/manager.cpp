@@ -40,7 +40,7 @@ int Manager::run()
     if (!m_commandLine.error().isNull())
         return usageError(m_commandLine.error());
     if (!m_location.isValid())
-        return usageError(tr("Такая база данных не поддерживается: «%1». Укажите файл.").arg(m_location.url()));
+        return usageError(m_location.problem());
 
     if (m_commandLine.theme())
         Theme::apply(*m_commandLine.theme());
@@ -69,7 +69,7 @@ int Manager::databaseError(const DatabaseError &error)
 
 int Manager::runOnDatabase()
 {
-    if (auto error = m_store.open(m_location.filePath()))
+    if (auto error = m_store.open(m_location))
         return databaseError(*error);
     if (auto error = m_controller.load())
         return databaseError(*error);
@@ -80,7 +80,7 @@ int Manager::runOnDatabase()
 
 int Manager::showWindow()
 {
-    MainWindow window(m_controller, m_store.path());
+    MainWindow window(m_controller, m_location.filePath());
     window.show();
     return QApplication::exec();
 }

@@ -63,7 +63,7 @@ std::optional<DatabaseError> SelfTest::makeWorkingCopy()
         return SettingsStore::copy(m_databasePath, m_workingCopy);
     }
     m_out << tr("Самопроверка на новой временной базе данных: файла «%1» ещё нет.").arg(m_databasePath) << '\n';
-    return SettingsStore().open(m_workingCopy);
+    return SettingsStore().open(DatabaseLocation::ofFile(m_workingCopy));
 }
 
 std::optional<DatabaseError> SelfTest::testSaving()
@@ -117,12 +117,12 @@ std::optional<DatabaseError> SelfTest::testConflict()
 
     SettingsStore other;
     Installation before;
-    if (auto error = other.open(m_workingCopy))
+    if (auto error = other.open(DatabaseLocation::ofFile(m_workingCopy)))
         return error;
     if (auto error = other.load(before))
         return error;
     const auto theirs = QStringLiteral("theirs");
-    const bool written = other.save({{db::database::MOBILE_HOST, theirs}}, before.settings).isDone();
+    const bool written = other.save({{db::database::MOBILE_HOST, theirs}}, before).isDone();
     const SaveResult refused = mine.controller().save();
     Installation after;
     if (auto error = other.load(after))

@@ -83,7 +83,7 @@ SelfTestSession::SelfTestSession()
 
 std::optional<DatabaseError> SelfTestSession::open(const QString &databasePath)
 {
-    if (auto error = m_store.open(databasePath))
+    if (auto error = m_store.open(DatabaseLocation::ofFile(databasePath)))
         return error;
     if (auto error = m_controller.load())
         return error;

@@ -58,7 +58,7 @@ int main(int argc, char **argv)
     QTextStream out(stdout);
 
     SettingsStore store;
-    if (store.open(arguments[1]))
+    if (store.open(DatabaseLocation::ofFile(arguments[1])))
         return 1;
     for (int saved = 0; saved < arguments[3].toInt();) {
         Installation loaded;

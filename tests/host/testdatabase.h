@@ -1,6 +1,6 @@
 #pragma once
 
-#include <host/sqliteconnection.h>
+#include <host/sqlconnection.h>
 
 #include <QDir>
 #include <QFile>
@@ -37,9 +37,9 @@ public:
 
     void execute(const QString &statement, const QVariantList &values = {}) const
     {
-        SqliteConnection connection(path(), SqliteConnection::Mode::ReadWrite);
-        if (!connection.executePrepared(statement, values))
-            throw std::runtime_error(connection.lastError().text().toStdString());
+        SqlConnection connection(DatabaseLocation::ofFile(path()), SqlConnection::Mode::ReadWrite);
+        if (!connection.execute(statement, values))
+            throw std::runtime_error(connection.error().text().toStdString());
     }
     void store(const QString &key, const QString &value) const
     {
@@ -50,16 +50,16 @@ public:
     /// The first column of the first row.
     QVariant ask(const QString &query) const
     {
-        SqliteConnection connection(path(), SqliteConnection::Mode::ReadWrite);
+        SqlConnection connection(DatabaseLocation::ofFile(path()), SqlConnection::Mode::ReadWrite);
         return connection.selectOne(query);
     }
     QString stored(const QString &key) const { return settings().value(key); }
     QHash<QString, QString> settings() const
     {
-        SqliteConnection connection(path(), SqliteConnection::Mode::ReadWrite);
+        SqlConnection connection(DatabaseLocation::ofFile(path()), SqlConnection::Mode::ReadWrite);
         auto rows = connection.select(QStringLiteral("SELECT key, value FROM settings"));
         if (!rows)
-            throw std::runtime_error(connection.lastError().text().toStdString());
+            throw std::runtime_error(connection.error().text().toStdString());
         QHash<QString, QString> settings;
         while (rows->next())
             settings.insert(rows->value(0).toString(), rows->value(1).toString());

@@ -138,7 +138,8 @@ void TestDatabaseFile::aFileThatAppearedMeanwhileStays()
         place.setBytes("of somebody else");
         return std::nullopt;
     });
-    QVERIFY(!error);
+    QVERIFY(error);
+    QCOMPARE(error->kind, DatabaseError::Kind::Exists);
     QCOMPARE(place.bytes(), QByteArray("of somebody else"));
     QCOMPARE(place.files(), QStringList{"installation.db"});
 }

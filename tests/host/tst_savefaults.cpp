@@ -31,7 +31,7 @@ constexpr int counters = 20;
 /// A database that is there, without a counter in it.
 void makeSample(const TestDatabase &database)
 {
-    if (auto error = SettingsStore().open(database.path()))
+    if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
         throw std::runtime_error(error->text().toStdString());
 }
 
@@ -56,7 +56,7 @@ Installation read(const TestDatabase &database)
 {
     SettingsStore store;
     Installation installation;
-    auto error = store.open(database.path());
+    auto error = store.open(DatabaseLocation::ofFile(database.path()));
     if (!error)
         error = store.load(installation);
     if (error)

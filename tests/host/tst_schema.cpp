@@ -62,7 +62,7 @@ Installation loaded(const TestDatabase &database)
 {
     SettingsStore store;
     Installation installation;
-    auto error = store.open(database.path());
+    auto error = store.open(DatabaseLocation::ofFile(database.path()));
     if (!error)
         error = store.load(installation);
     if (error)
@@ -81,7 +81,7 @@ void TestSchema::aNewDatabaseIsOfTheNewestVersion()
     const TestDatabase database;
     database.setBytes({});
     {
-        SqliteConnection connection(database.path(), SqliteConnection::Mode::ReadWrite);
+        SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
         const ChangeStamp stamp{QDateTime({2026, 3, 1}, {12, 30, 15, 7}, Qt::UTC), "anna", "desk-4", "setup"};
         QVERIFY(!Schema::create(connection, {{{"KEY", "text"}}, {}, {}}, stamp));
         QVERIFY(!Schema::problem(connection));
@@ -129,7 +129,7 @@ void TestSchema::anOlderDatabaseIsMigrated()
     QCOMPARE(database.ask("PRAGMA integrity_check").toString(), QString("ok"));
 
     SettingsStore store;
-    QVERIFY(!store.open(database.path()));
+    QVERIFY(!store.open(DatabaseLocation::ofFile(database.path())));
     QVERIFY(store.save({{"PT_MOBILE_HOST", "new"}}, installation).isDone());
     QCOMPARE(loaded(database).revisions["PT_MOBILE_HOST"], 2);
 }
@@ -169,7 +169,7 @@ void TestSchema::aFailedMigrationLeavesTheFile()
     database.execute("PRAGMA journal_mode = DELETE");
     const QByteArray before = database.bytes();
 
-    const auto error = SettingsStore().open(database.path());
+    const auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path()));
     QVERIFY(error);
     QCOMPARE(error->path, database.path());
     QVERIFY(!error->reason.isEmpty() && !error->advice.isEmpty());
@@ -201,7 +201,7 @@ void TestSchema::severalProgramsMigrateAtOnce()
     std::vector<std::thread> programs;
     for (QString &text : errors) {
         programs.emplace_back([&text, &database] {
-            if (auto error = SettingsStore().open(database.path()))
+            if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
                 text = error->text();
         });
     }
@@ -216,17 +216,17 @@ void TestSchema::anOlderProgramThatIsStillRunningIsNoticed()
 {
     const TestDatabase database;
     makeVersion1(database);
-    SqliteConnection older(database.path(), SqliteConnection::Mode::ReadWrite);
+    SqlConnection older(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QCOMPARE(older.selectOne("SELECT count(*) FROM settings").toInt(), 2);
 
     const Installation installation = loaded(database);
     const QString upsert = "INSERT INTO settings(key, value) VALUES(?, ?) "
                            "ON CONFLICT(key) DO UPDATE SET value = excluded.value";
-    QVERIFY(older.executePrepared(upsert, {"PT_MOBILE_HOST", "theirs"}));
-    QVERIFY(older.executePrepared(upsert, {"PT_MOBILE_HOST", "хост"}));
+    QVERIFY(older.execute(upsert, {"PT_MOBILE_HOST", "theirs"}));
+    QVERIFY(older.execute(upsert, {"PT_MOBILE_HOST", "хост"}));
 
     SettingsStore store;
-    QVERIFY(!store.open(database.path()));
+    QVERIFY(!store.open(DatabaseLocation::ofFile(database.path())));
     const SaveResult result = store.save({{"PT_MOBILE_HOST", "mine"}}, installation);
     QCOMPARE(result.outcome, SaveResult::Outcome::Conflicting);
     QCOMPARE(result.conflicts[0].revision, 3);
@@ -239,7 +239,7 @@ void TestSchema::aTableOfTheStoredVersionThatIsGoneIsAProblem()
     const TestDatabase database;
     loaded(database);
     database.execute("DROP TABLE history");
-    const auto error = SettingsStore().open(database.path());
+    const auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path()));
     QVERIFY(error);
     QVERIFY2(error->reason.contains("history"), qPrintable(error->reason));
 }

@@ -31,7 +31,7 @@ public:
     explicit Host(const TestDatabase &database)
         : controller(store)
     {
-        auto error = store.open(database.path());
+        auto error = store.open(DatabaseLocation::ofFile(database.path()));
         if (!error)
             error = controller.load();
         if (error)
@@ -54,7 +54,7 @@ public:
 
 void makeSample(const TestDatabase &database)
 {
-    if (auto error = SettingsStore().open(database.path()))
+    if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
         throw std::runtime_error(error->text().toStdString());
 }
 } // namespace
@@ -429,7 +429,7 @@ void TestSettingsController::aClosedWindowHasNoChanges()
 {
     const TestDatabase database;
     SettingsStore store;
-    QVERIFY(!store.open(database.path()));
+    QVERIFY(!store.open(DatabaseLocation::ofFile(database.path())));
     SettingsController controller(store);
     QVERIFY(!controller.load());
     {

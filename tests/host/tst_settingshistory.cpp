@@ -31,7 +31,7 @@ struct Opened
 {
     explicit Opened(const TestDatabase &database)
     {
-        if (auto error = store.open(database.path()))
+        if (auto error = store.open(DatabaseLocation::ofFile(database.path())))
             throw std::runtime_error(error->text().toStdString());
         load();
     }
@@ -197,9 +197,9 @@ void TestSettingsHistory::theHistoryCannotBeChanged()
     Opened opened(database);
     QVERIFY(opened.save({{"PT_MOBILE_HOST", "a"}}).isDone());
     const QStringList before = summary(opened.history());
-    SqliteConnection connection(database.path(), SqliteConnection::Mode::ReadWrite);
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(!connection.execute(statement));
-    QVERIFY2(connection.lastError().text().contains("history cannot be"), qPrintable(connection.lastError().text()));
+    QVERIFY2(connection.error().text().contains("history cannot be"), qPrintable(connection.error().text()));
     QCOMPARE(summary(opened.history()), before);
 }
 

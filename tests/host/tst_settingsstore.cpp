@@ -43,7 +43,7 @@ namespace {
 
 SettingsStore &opened(SettingsStore &store, const TestDatabase &database)
 {
-    if (auto error = store.open(database.path()))
+    if (auto error = store.open(DatabaseLocation::ofFile(database.path())))
         throw std::runtime_error(error->text().toStdString());
     return store;
 }
@@ -89,9 +89,9 @@ void TestSettingsStore::aMissingFileIsCreatedWithTheSample()
     const TestDatabase database;
     {
         SettingsStore store;
-        QCOMPARE(store.path(), QString());
+        QVERIFY(!store.isOpen());
         opened(store, database);
-        QCOMPARE(store.path(), database.path());
+        QVERIFY(store.isOpen());
         const Installation sample = SampleInstallation::make();
         const Installation read = loaded(store);
         QCOMPARE(read.settings, sample.settings);
@@ -156,7 +156,7 @@ void TestSettingsStore::aSaveIsDurable()
     const TestDatabase database;
     SettingsStore store;
     opened(store, database);
-    SqliteConnection connection(database.path(), SqliteConnection::Mode::ReadWrite);
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QCOMPARE(connection.selectOne("PRAGMA journal_mode").toString(), QString("wal"));
 }
 
@@ -164,12 +164,13 @@ void TestSettingsStore::aSaveWritesWhatItIsGiven()
 {
     const TestDatabase database;
     SettingsStore store;
-    QHash<QString, QString> expected = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     const SaveResult result =
-        store.save({{"PT_MOBILE_PORT", "9000"}, {"PT_MOBILE_HOST", "h"}, {"PT_NEW", "1"}}, expected);
+        store.save({{"PT_MOBILE_PORT", "9000"}, {"PT_MOBILE_HOST", "h"}, {"PT_NEW", "1"}}, before);
     QCOMPARE(result.outcome, SaveResult::Outcome::Saved);
     QVERIFY(result.isDone());
 
+    QHash<QString, QString> expected = before.settings;
     expected["PT_MOBILE_PORT"] = "9000";
     expected["PT_MOBILE_HOST"] = "h";
     expected["PT_NEW"] = "1";
@@ -194,7 +195,7 @@ void TestSettingsStore::aSaveTakesAnyText()
     QFETCH(QString, text);
     const TestDatabase database;
     SettingsStore store;
-    const auto before = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     QVERIFY(store.save({{"PT_MOBILE_HOST", text}}, before).isDone());
     SettingsStore other;
     QCOMPARE(loaded(opened(other, database)).settings["PT_MOBILE_HOST"], text);
@@ -221,7 +222,7 @@ void TestSettingsStore::aConflictWritesNothing()
     QFETCH(QString, statement);
     const TestDatabase database;
     SettingsStore store;
-    const auto before = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     database.execute(statement);
     const auto theirs = database.settings();
 
@@ -305,7 +306,7 @@ void TestSettingsStore::aChangedSettingThatIsNotSavedIsNoConflict()
 {
     const TestDatabase database;
     SettingsStore store;
-    const auto before = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     database.store("PT_MOBILE_PORT", "1");
     QVERIFY(store.save({{"PT_MOBILE_HOST", "mine"}}, before).isDone());
     QCOMPARE(database.stored("PT_MOBILE_HOST"), QString("mine"));
@@ -316,16 +317,16 @@ void TestSettingsStore::aLockedDatabaseIsAnError()
 {
     const TestDatabase database;
     SettingsStore store;
-    const auto before = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     {
-        SqliteConnection other(database.path(), SqliteConnection::Mode::ReadWrite);
+        SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
         QVERIFY(other.execute("BEGIN IMMEDIATE"));
         const SaveResult result = store.save({{"PT_MOBILE_HOST", "mine"}}, before);
         QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
         QVERIFY2(result.error->reason.startsWith("База данных занята"), qPrintable(result.error->reason));
         QCOMPARE(result.error->path, database.path());
     }
-    QCOMPARE(database.settings(), before);
+    QCOMPARE(database.settings(), before.settings);
     QVERIFY(store.save({{"PT_MOBILE_HOST", "mine"}}, before).isDone());
 }
 
@@ -333,7 +334,7 @@ void TestSettingsStore::aSaveThatFailsHalfwayWritesNothing()
 {
     const TestDatabase database;
     SettingsStore store;
-    const auto before = loaded(opened(store, database)).settings;
+    const Installation before = loaded(opened(store, database));
     // Lets one row pass and stops at the next.
     database.execute("CREATE TABLE counter(n)");
     database.execute("CREATE TRIGGER stop BEFORE UPDATE ON settings WHEN (SELECT count(*) FROM counter) > 0 "
@@ -344,7 +345,7 @@ void TestSettingsStore::aSaveThatFailsHalfwayWritesNothing()
     QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
     QVERIFY2(result.error->reason.contains("the disk is gone"), qPrintable(result.error->reason));
     QVERIFY(!result.error->text().contains("mine"));
-    QCOMPARE(database.settings(), before);
+    QCOMPARE(database.settings(), before.settings);
 }
 
 void TestSettingsStore::badDatabasesStayAsTheyAre_data()
@@ -391,12 +392,12 @@ void TestSettingsStore::badDatabasesStayAsTheyAre()
     database.setBytes(bytes);
     {
         SettingsStore store;
-        const auto error = store.open(database.path());
+        const auto error = store.open(DatabaseLocation::ofFile(database.path()));
         QVERIFY(error);
         QCOMPARE(error->path, database.path());
         QVERIFY2(error->reason.startsWith(reason), qPrintable(error->reason));
         QVERIFY(!error->reason.isEmpty() && !error->advice.isEmpty());
-        QCOMPARE(store.path(), QString());
+        QVERIFY(!store.isOpen());
     }
     QCOMPARE(database.bytes(), bytes);
     QCOMPARE(database.files(), QStringList{"installation.db"});
@@ -408,7 +409,7 @@ void TestSettingsStore::aForeignLogIsNotCarriedOver()
     const TestDatabase database;
     makeForeign(killed);
     {
-        SqliteConnection writer(killed.path(), SqliteConnection::Mode::ReadWrite);
+        SqlConnection writer(DatabaseLocation::ofFile(killed.path()), SqlConnection::Mode::ReadWrite);
         QVERIFY(writer.execute("PRAGMA journal_mode = WAL"));
         QVERIFY(writer.execute("INSERT INTO settings VALUES('a', 'b')"));
         QVERIFY(QFile::copy(killed.path(), database.path()));
@@ -418,7 +419,7 @@ void TestSettingsStore::aForeignLogIsNotCarriedOver()
     const qint64 logSize = QFileInfo(database.path() + "-wal").size();
     QVERIFY(logSize > 0);
 
-    QVERIFY(SettingsStore().open(database.path()));
+    QVERIFY(SettingsStore().open(DatabaseLocation::ofFile(database.path())));
     QCOMPARE(database.bytes(), before);
     QCOMPARE(QFileInfo(database.path() + "-wal").size(), logSize);
 }
@@ -429,7 +430,7 @@ void TestSettingsStore::ownLogOfAKilledProgramIsRead()
     const TestDatabase database;
     {
         SettingsStore store;
-        const auto before = loaded(opened(store, killed)).settings;
+        const Installation before = loaded(opened(store, killed));
         QVERIFY(store.save({{"PT_MOBILE_HOST", "the last words"}}, before).isDone());
         QVERIFY(QFile::copy(killed.path(), database.path()));
         QVERIFY(QFile::copy(killed.path() + "-wal", database.path() + "-wal"));

@@ -33,7 +33,7 @@ public:
     explicit Window(const TestDatabase &database)
         : controller(store)
     {
-        auto error = store.open(database.path());
+        auto error = store.open(DatabaseLocation::ofFile(database.path()));
         if (!error)
             error = controller.load();
         if (error)

@@ -137,7 +137,7 @@ void TestProgram::usageErrors_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("unknown option") << QStringList{"--self-test", "--nonsense"};
     QTest::newRow("no database") << QStringList{"--self-test", "--database", ""};
-    QTest::newRow("another kind of database") << QStringList{"--self-test", "--database", "postgresql://host/name"};
+    QTest::newRow("another kind of database") << QStringList{"--self-test", "--database", "mysql://host/name"};
 }
 
 void TestProgram::usageErrors()
@@ -267,7 +267,7 @@ void TestProgram::aDatabaseIsCreatedWhereItIsWanted()
     struct stat status = {};
     QCOMPARE(stat(path.toUtf8().constData(), &status), 0);
     QCOMPARE(status.st_mode & 0777u, 0600u);
-    SqliteConnection connection(path, SqliteConnection::Mode::ReadOnly);
+    SqlConnection connection(DatabaseLocation::ofFile(path), SqlConnection::Mode::ReadOnly);
     QCOMPARE(connection.selectOne("SELECT count(*) FROM settings").toInt(), 41);
 }
 

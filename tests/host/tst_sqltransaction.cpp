@@ -1,16 +1,17 @@
 #include <host/databaseerror.h>
-#include <host/sqliteconnection.h>
-#include <host/sqlitetransaction.h>
+#include <host/sqlconnection.h>
+#include <host/sqlerrorwords.h>
+#include <host/sqltransaction.h>
 
 #include "messages.h"
 #include "testdatabase.h"
 
 #include <QTest>
 
-using Kind = SqliteTransaction::Kind;
-using Mode = SqliteConnection::Mode;
+using Kind = SqlTransaction::Kind;
+using Mode = SqlConnection::Mode;
 
-class TestSqliteTransaction : public QObject
+class TestSqlTransaction : public QObject
 {
     Q_OBJECT
 
@@ -32,7 +33,7 @@ private Q_SLOTS:
 private:
     int count(const TestDatabase &database)
     {
-        SqliteConnection connection(database.path(), Mode::ReadWrite);
+        SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
         return connection.selectOne("SELECT count(*) FROM t").toInt();
     }
     void makeTable(const TestDatabase &database)
@@ -43,31 +44,31 @@ private:
     }
 };
 
-void TestSqliteTransaction::initTestCase()
+void TestSqlTransaction::initTestCase()
 {
     failOnUnexpectedMessages();
 }
 
-void TestSqliteTransaction::whatIsNotCommittedIsGone()
+void TestSqlTransaction::whatIsNotCommittedIsGone()
 {
     const TestDatabase database;
     makeTable(database);
-    SqliteConnection connection(database.path(), Mode::ReadWrite);
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
     {
-        const SqliteTransaction transaction(connection, Kind::Write);
+        const SqlTransaction transaction(connection, Kind::Write);
         QVERIFY(transaction.isActive());
         QVERIFY(connection.execute("INSERT INTO t VALUES(1)"));
     }
     QCOMPARE(count(database), 0);
 }
 
-void TestSqliteTransaction::whatIsCommittedStays()
+void TestSqlTransaction::whatIsCommittedStays()
 {
     const TestDatabase database;
     makeTable(database);
-    SqliteConnection connection(database.path(), Mode::ReadWrite);
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
     {
-        SqliteTransaction transaction(connection, Kind::Write);
+        SqlTransaction transaction(connection, Kind::Write);
         QVERIFY(connection.execute("INSERT INTO t VALUES(1)"));
         QVERIFY(transaction.commit());
         QVERIFY(!transaction.isActive());
@@ -76,48 +77,46 @@ void TestSqliteTransaction::whatIsCommittedStays()
     QCOMPARE(count(database), 1);
 }
 
-void TestSqliteTransaction::aReaderSeesOneState()
+void TestSqlTransaction::aReaderSeesOneState()
 {
     const TestDatabase database;
     makeTable(database);
-    SqliteConnection reader(database.path(), Mode::ReadWrite);
-    const SqliteTransaction transaction(reader, Kind::Read);
+    SqlConnection reader(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
+    const SqlTransaction transaction(reader, Kind::Read);
     QCOMPARE(reader.selectOne("SELECT count(*) FROM t").toInt(), 0);
     database.execute("INSERT INTO t VALUES(1)");
     QCOMPARE(reader.selectOne("SELECT count(*) FROM t").toInt(), 0);
     QCOMPARE(count(database), 1);
 }
 
-void TestSqliteTransaction::aSecondWriterIsRefused()
+void TestSqlTransaction::aSecondWriterIsRefused()
 {
     const TestDatabase database;
     makeTable(database);
-    SqliteConnection first(database.path(), Mode::ReadWrite);
-    SqliteConnection second(database.path(), Mode::ReadWrite);
-    const SqliteTransaction writing(first, Kind::Write);
-    SqliteTransaction waiting(second, Kind::Write);
+    SqlConnection first(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
+    SqlConnection second(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
+    const SqlTransaction writing(first, Kind::Write);
+    SqlTransaction waiting(second, Kind::Write);
     QVERIFY(!waiting.isActive());
     QVERIFY(!waiting.commit());
-    QCOMPARE(DatabaseError::fromDriver("x", second.lastError()).reason,
-             QString("База данных занята другой программой. (SQLite: database is locked)"));
+    QCOMPARE(second.error().reason, QString("База данных занята другой программой. (SQLite: database is locked)"));
 }
 
-void TestSqliteTransaction::aReadOnlyConnectionDoesNotWrite()
+void TestSqlTransaction::aReadOnlyConnectionDoesNotWrite()
 {
     const TestDatabase database;
     makeTable(database);
     const QByteArray before = database.bytes();
     {
-        SqliteConnection connection(database.path(), Mode::ReadOnly);
+        SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode::ReadOnly);
         QVERIFY(connection.isOpen());
         QVERIFY(!connection.execute("INSERT INTO t VALUES(1)"));
-        QVERIFY(DatabaseError::fromDriver("x", connection.lastError())
-                    .reason.startsWith("База данных доступна только для чтения."));
+        QVERIFY(connection.error().reason.startsWith("База данных доступна только для чтения."));
     }
     QCOMPARE(database.bytes(), before);
 }
 
-void TestSqliteTransaction::anyPathIsOpened_data()
+void TestSqlTransaction::anyPathIsOpened_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("plain") << "x.db";
@@ -126,51 +125,52 @@ void TestSqliteTransaction::anyPathIsOpened_data()
     QTest::newRow("quotes") << "'\"`.db";
 }
 
-void TestSqliteTransaction::anyPathIsOpened()
+void TestSqlTransaction::anyPathIsOpened()
 {
     QFETCH(QString, name);
     const TestDatabase database;
     makeTable(database);
     const QString path = database.folder() + "/" + name;
     QVERIFY(QFile::rename(database.path(), path));
-    SqliteConnection connection(path, Mode::ReadWrite);
-    QCOMPARE(connection.path(), path);
+    SqlConnection connection(DatabaseLocation::ofFile(path), Mode::ReadWrite);
+    QCOMPARE(connection.location().filePath(), path);
     QVERIFY(connection.execute("INSERT INTO t VALUES(1)"));
-    QCOMPARE(SqliteConnection(path, Mode::ReadOnly).selectOne("SELECT count(*) FROM t").toInt(), 1);
+    QCOMPARE(SqlConnection(DatabaseLocation::ofFile(path), Mode::ReadOnly).selectOne("SELECT count(*) FROM t").toInt(),
+             1);
 }
 
-void TestSqliteTransaction::aMissingFileIsNotCreated_data()
+void TestSqlTransaction::aMissingFileIsNotCreated_data()
 {
     QTest::addColumn<int>("mode");
     QTest::newRow("to read") << int(Mode::ReadOnly);
     QTest::newRow("to write") << int(Mode::ReadWrite);
 }
 
-void TestSqliteTransaction::aMissingFileIsNotCreated()
+void TestSqlTransaction::aMissingFileIsNotCreated()
 {
     QFETCH(int, mode);
     const TestDatabase database;
     {
-        SqliteConnection connection(database.path(), Mode(mode));
+        SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode(mode));
         QVERIFY(!connection.isOpen() || !connection.selectOne("SELECT 1 FROM sqlite_master").isValid());
-        QVERIFY(connection.lastError().isValid());
+        QVERIFY(!connection.error().reason.isEmpty());
     }
     QCOMPARE(database.files(), QStringList());
 }
 
-void TestSqliteTransaction::connectionsAreRemoved()
+void TestSqlTransaction::connectionsAreRemoved()
 {
     const TestDatabase database;
     makeTable(database);
     QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
     {
-        const SqliteConnection connection(database.path(), Mode::ReadWrite);
+        const SqlConnection connection(DatabaseLocation::ofFile(database.path()), Mode::ReadWrite);
         QCOMPARE(QSqlDatabase::connectionNames().count(), 1);
     }
     QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
 }
 
-void TestSqliteTransaction::errorsAreExplained_data()
+void TestSqlTransaction::errorsAreExplained_data()
 {
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("reason");
@@ -189,16 +189,16 @@ void TestSqliteTransaction::errorsAreExplained_data()
                           << "Ошибка базы данных. (SQLite: said so)";
 }
 
-void TestSqliteTransaction::errorsAreExplained()
+void TestSqlTransaction::errorsAreExplained()
 {
     QFETCH(QString, code);
     const QSqlError driverError("driver text", "said so", QSqlError::StatementError, code);
-    const DatabaseError error = DatabaseError::fromDriver("/the/path", driverError);
+    const DatabaseError error = SqlErrorWords::error(DatabaseLocation("/the/path"), driverError, false);
     QTEST(error.reason, "reason");
     QVERIFY(!error.advice.isEmpty());
     QCOMPARE(error.text(),
              QString("Не удаётся использовать базу данных «/the/path».\n%1\n%2").arg(error.reason, error.advice));
 }
 
-QTEST_MAIN(TestSqliteTransaction)
-#include "tst_sqlitetransaction.moc"
+QTEST_MAIN(TestSqlTransaction)
+#include "tst_sqltransaction.moc"

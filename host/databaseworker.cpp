@@ -1,0 +1,128 @@
+#include "databaseworker.h"
+
+#include "settingsstore.h"
+
+#include <QSocketNotifier>
+
+DatabaseWorker::DatabaseWorker(const Options &options)
+    : m_options(options)
+    , m_context(std::make_unique<QObject>())
+{
+    qRegisterMetaType<DatabaseWorker::Answer>("DatabaseWorker::Answer");
+    qRegisterMetaType<DatabaseError>("DatabaseError");
+    m_context->moveToThread(this);
+    start();
+}
+
+DatabaseWorker::~DatabaseWorker() = default;
+
+void DatabaseWorker::call(quint64 number, const Work &work)
+{
+    m_control.start();
+    QMetaObject::invokeMethod(
+        m_context.get(),
+        [this, number, work] {
+            const Answer answer = work(*this);
+            Q_EMIT answered(number, answer);
+        },
+        Qt::QueuedConnection);
+}
+
+void DatabaseWorker::cancel()
+{
+    m_control.cancel();
+}
+
+void DatabaseWorker::abandon()
+{
+    disconnect();
+    connect(this, &QThread::finished, this, &QObject::deleteLater);
+    m_control.abandon();
+    quit();
+}
+
+bool DatabaseWorker::mayCommit() const
+{
+    return !m_control.isCancelled();
+}
+
+DatabaseResult<bool> DatabaseWorker::watch()
+{
+    m_options.isWatching = true;
+    return access<DatabaseResult<bool>>([this](SettingsStore &) {
+        if (auto error = listen())
+            return DatabaseResult<bool>(*error);
+        // Somebody may have written between the last reading and this.
+        Q_EMIT hinted();
+        return DatabaseResult<bool>(true);
+    });
+}
+
+void DatabaseWorker::run()
+{
+    exec();
+    close();
+    m_context.reset();
+}
+
+DatabaseError DatabaseWorker::cancelled() const
+{
+    return {m_options.location.name(), tr("Ожидание прервано."), tr("Ничего не записано."),
+            DatabaseError::Kind::Cancelled};
+}
+
+std::optional<DatabaseError> DatabaseWorker::open()
+{
+    if (m_store)
+        return {};
+    auto store = std::make_unique<SettingsStore>();
+    if (auto error = store->open(m_options.location, m_options.missing))
+        return error;
+    m_store = std::move(store);
+    m_control.setSocket(m_store->socket());
+    auto error = m_options.isWatching ? listen() : std::nullopt;
+    // What was told while there was no connection is gone.
+    if (!error && m_wasOpen)
+        Q_EMIT hinted();
+    m_wasOpen = true;
+    return error;
+}
+
+void DatabaseWorker::close()
+{
+    // It may be in the middle of telling.
+    if (m_notifier) {
+        m_notifier->setEnabled(false);
+        m_notifier.release()->deleteLater();
+    }
+    m_control.setSocket(-1);
+    m_store.reset();
+}
+
+std::optional<DatabaseError> DatabaseWorker::listen()
+{
+    if (m_notifier || m_store->socket() < 0)
+        return {};
+    if (auto error = m_store->listen())
+        return error;
+    m_notifier = std::make_unique<QSocketNotifier>(m_store->socket(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, m_context.get(), [this] { takeNews(); });
+    return {};
+}
+
+void DatabaseWorker::takeNews()
+{
+    if (!m_notifier)
+        return;
+    switch (m_store->takeNews()) {
+    case ServerLink::News::Nothing:
+        break;
+    case ServerLink::News::SomethingChanged:
+        Q_EMIT hinted();
+        break;
+    case ServerLink::News::ConnectionLost:
+        close();
+        Q_EMIT disconnected({m_options.location.name(), tr("Связь с сервером базы данных потеряна."),
+                             tr("Проверьте сеть и сервер."), DatabaseError::Kind::Disconnected});
+    }
+}

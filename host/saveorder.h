@@ -1,0 +1,18 @@
+#pragma once
+
+#include <host/installation.h>
+
+#include <vxsettings/objectparameters.h>
+
+#include <QUuid>
+
+/// What is to be saved.
+struct SaveOrder
+{
+    vantorix::OBJECT_PARAMETERS changes; ///< stored key → text
+    Installation base;                   ///< what the changes start from
+    QString reason = {};                 ///< for the history; may be empty
+    /// Under which the history will have it. It is there before the save, to ask for it if nobody knows what became
+    /// of it.
+    QString id = QUuid::createUuid().toString(QUuid::WithoutBraces);
+};

@@ -113,10 +113,10 @@ void store(const TestDatabase &database, const StoredTexts &texts)
     SqlTransaction transaction(connection, SqlTransaction::Kind::Write);
     bool done = transaction.isActive();
     for (auto text = texts.begin(); text != texts.end(); ++text)
-        done = done && connection.executePrepared("UPDATE settings SET value = CAST(? AS TEXT) WHERE key = ?",
-                                                  {text.value(), text.key()});
+        done = done && connection.execute("UPDATE settings SET value = CAST(? AS TEXT) WHERE key = ?",
+                                          {text.value(), text.key()});
     if (!done || !transaction.commit())
-        throw std::runtime_error(connection.lastError().text().toStdString());
+        throw std::runtime_error(connection.error().text().toStdString());
 }
 
 /// The editors of these parameters; those of the members for a JSON setting.
@@ -160,7 +160,8 @@ public:
         : m_kind(kind)
         , m_controller(m_store)
     {
-        const bool failed = m_store.open(DatabaseLocation::ofFile(database.path())) || m_store.load(m_installation) || m_controller.load();
+        const bool failed = m_store.open(DatabaseLocation::ofFile(database.path())) || m_store.load(m_installation) ||
+                            m_controller.load();
         if (failed)
             throw std::runtime_error("the database cannot be read");
         m_window.show();

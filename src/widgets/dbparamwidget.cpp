@@ -11,7 +11,13 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 
+#include <array>
+
 namespace {
+
+// Below the three rows of the form.
+constexpr int problemRow = 3;
+constexpr int spareRow = 4;
 
 QString centralWidgetName()
 {
@@ -37,6 +43,12 @@ bool canBeBuddy(const QLabel *label)
     return !label->isHidden() && !label->text().contains(QLatin1Char('&'));
 }
 
+/// In the order in which they get their texts.
+std::array<QLabel *, 4> captionsOf(const Ui_DBParamWidget &form)
+{
+    return {form.leftLabel, form.topLabel, form.rightLabel, form.bottomLabel};
+}
+
 QString plainText(const QString &text)
 {
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -56,10 +68,12 @@ DBParamWidget::~DBParamWidget() = default;
 
 void DBParamWidget::setName(const QString &name)
 {
-    m_ui->leftLabel->setText(name);
-    m_ui->topLabel->setText(name);
-    m_ui->rightLabel->setText(name);
-    m_ui->bottomLabel->setText(name);
+    for (QLabel *label : captionsOf(*m_ui)) {
+        label->setText(name);
+        // What the previous text needed to be whole.
+        if (label->minimumHeight() > 0)
+            label->setMinimumHeight(0);
+    }
     describeInput();
 }
 
@@ -150,6 +164,10 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
     setLabelVisible(m_ui->topLabel, position == LabelPosition::Top);
     setLabelVisible(m_ui->rightLabel, position == LabelPosition::Right);
     setLabelVisible(m_ui->bottomLabel, position == LabelPosition::Bottom);
+    // Captions of different heights below the input widgets of a row must not push those out of line.
+    const int isTopAligned = position == LabelPosition::Bottom;
+    if (m_ui->gridLayout->rowStretch(spareRow) != isTopAligned)
+        m_ui->gridLayout->setRowStretch(spareRow, isTopAligned);
     describeInput();
 }
 
@@ -176,7 +194,7 @@ void DBParamWidget::setProblem(const QString &text)
         return;
     if (!m_problem) {
         m_problem = new ProblemLabel(this);
-        m_ui->gridLayout->addWidget(m_problem, m_ui->gridLayout->rowCount(), 0, 1, m_ui->gridLayout->columnCount());
+        m_ui->gridLayout->addWidget(m_problem, problemRow, 0, 1, m_ui->gridLayout->columnCount());
     }
     m_problem->setText(text);
     m_problem->setVisible(!text.isEmpty());
@@ -229,7 +247,7 @@ void DBParamWidget::keepCaptionsWhole()
 {
     // A caption keeps its preferred width in a wider column, but the layout asks for its height at the column's width,
     // where it needs fewer lines.
-    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+    for (QLabel *label : captionsOf(*m_ui)) {
         if (label->isVisible() && label->height() < label->sizeHint().height())
             label->setMinimumHeight(label->sizeHint().height());
     }
@@ -254,7 +272,7 @@ void DBParamWidget::describeInput()
     if (canChangeLabelPosition())
         input->setAccessibleName(m_ui->leftLabel->text());
     input->setAccessibleDescription(description());
-    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+    for (QLabel *label : captionsOf(*m_ui)) {
         QWidget *buddy = canBeBuddy(label) ? input : nullptr;
         if (label->buddy() != buddy)
             label->setBuddy(buddy);

@@ -1,5 +1,7 @@
 #include <vxsettings/dbspinboxwidget.h>
 
+#include "readonlylook.h"
+
 #include <vxwidgets/scrollignoringspinbox.h>
 
 DBSpinBoxWidget::DBSpinBoxWidget(QWidget *parent)
@@ -47,7 +49,7 @@ void DBSpinBoxWidget::setReadOnly(bool readOnly)
 {
     DBParamWidget::setReadOnly(readOnly);
     if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setReadOnly(readOnly);
+        readonlylook::setReadOnly(spinBox, readOnly);
 }
 
 void DBSpinBoxWidget::setEnabled(bool enabled)

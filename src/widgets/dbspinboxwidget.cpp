@@ -41,8 +41,11 @@ void DBSpinBoxWidget::setParamRange(const std::pair<int, int> &range)
 
 void DBSpinBoxWidget::setSpecialValue(const QString &text)
 {
-    if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setSpecialValueText(text);
+    auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget());
+    if (!spinBox || spinBox->specialValueText() == text)
+        return;
+    spinBox->setSpecialValueText(text);
+    spinBox->updateGeometry(); // Qt leaves a spin box that is on screen as wide as it is
 }
 
 void DBSpinBoxWidget::setReadOnly(bool readOnly)

@@ -15,9 +15,8 @@
 
 namespace {
 
-// Below the three rows of the form.
-constexpr int problemRow = 3;
-constexpr int spareRow = 4;
+constexpr int spareRow = 3; // below those of the form
+constexpr int problemSpacing = 2;
 
 QString centralWidgetName()
 {
@@ -192,12 +191,11 @@ void DBParamWidget::setProblem(const QString &text)
 {
     if (text == problem())
         return;
-    if (!m_problem) {
+    if (!m_problem)
         m_problem = new ProblemLabel(this);
-        m_ui->gridLayout->addWidget(m_problem, problemRow, 0, 1, m_ui->gridLayout->columnCount());
-    }
     m_problem->setText(text);
     m_problem->setVisible(!text.isEmpty());
+    placeProblem();
     describeInput();
 }
 
@@ -235,6 +233,7 @@ bool DBParamWidget::event(QEvent *event)
         if (isVisible()) {
             keepCaptionsWhole();
             placeMark();
+            placeProblem();
         }
         return isHandled;
     }
@@ -260,6 +259,26 @@ void DBParamWidget::placeMark()
     const int margin = m_ui->gridLayout->contentsMargins().left();
     const int middle = m_ui->centralWidget->geometry().center().y();
     m_mark->move((margin - EditorMark::extent) / 2, middle - EditorMark::extent / 2);
+}
+
+void DBParamWidget::placeProblem()
+{
+    if (!m_problem)
+        return;
+    // In the margin below the grid: a cell across its columns would bring their spacings along and make the row wider.
+    QMargins margins = m_ui->gridLayout->contentsMargins();
+    const int width = this->width() - margins.left();
+    const int height = m_problem->isHidden() ? 0 : m_problem->heightForWidth(width);
+    margins.setBottom(height > 0 ? problemSpacing + height : 0);
+    if (margins != m_ui->gridLayout->contentsMargins())
+        m_ui->gridLayout->setContentsMargins(margins);
+
+    QRect content = m_ui->centralWidget->geometry();
+    for (const QLabel *label : captionsOf(*m_ui)) {
+        if (!label->isHidden())
+            content |= label->geometry();
+    }
+    m_problem->setGeometry(margins.left(), content.bottom() + 1 + problemSpacing, width, height);
 }
 
 void DBParamWidget::describeInput()

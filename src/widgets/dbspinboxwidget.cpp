@@ -1,5 +1,7 @@
 #include <vxsettings/dbspinboxwidget.h>
 
+#include <qtcompat.h>
+
 #include <vxwidgets/scrollignoringspinbox.h>
 
 DBSpinBoxWidget::DBSpinBoxWidget(QWidget *parent)
@@ -9,7 +11,7 @@ DBSpinBoxWidget::DBSpinBoxWidget(QWidget *parent)
     connect(spinBox, QOverload<int>::of(&QSpinBox::valueChanged), this,
             [this](int value) { Q_EMIT paramChanged(key(), value); });
     // On purpose not the overload that setDefaultValue() reconnects: after a revert every change commits twice.
-    connect(spinBox, SIGNAL(valueChanged(QString)), this, SIGNAL(commitData()));
+    connect(spinBox, qtcompat::spinBoxTextSignal(), this, SIGNAL(commitData()));
     setCentralWidget(spinBox);
 }
 
@@ -18,7 +20,7 @@ void DBSpinBoxWidget::setValue(const QVariant &value)
     auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget());
     if (!spinBox)
         return;
-    spinBox->setValue(value.toInt());
+    spinBox->setValue(qtcompat::numberText(value).toInt());
     DBParamWidget::setValue(value);
 }
 

@@ -4,6 +4,8 @@
 
 #include <vxstyles/vxiconhelper.h>
 
+#include <qtcompat.h>
+
 #include <QIcon>
 #include <QJsonObject>
 #include <QSignalBlocker>
@@ -61,7 +63,7 @@ void DependentWidgetsBox::setData(const QString &context, const GroupInfo &info,
     }
     std::stable_sort(boxes.begin(), boxes.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
     for (const auto &[position, box] : boxes)
-        column->insertWidget(position, box);
+        column->insertWidget(qMin(position, column->count()), box);
     setGroupCheckBoxState(int(boxes.size()), checkedCount);
 }
 
@@ -117,5 +119,5 @@ void DependentWidgetsBox::onGroupCheckBoxClicked(bool checked)
 
 QList<QCheckBox *> DependentWidgetsBox::innerCheckBoxes() const
 {
-    return m_ui->frame->findChildren<QCheckBox *>();
+    return qtcompat::findChildren<QCheckBox>(m_ui->frame);
 }

@@ -3,11 +3,13 @@
 CommandLine::CommandLine(const QStringList &arguments)
     : m_help({QStringLiteral("h"), QStringLiteral("help")}, tr("Показать эту справку."))
     , m_version({QStringLiteral("v"), QStringLiteral("version")}, tr("Показать версию программы."))
-    , m_database(QStringLiteral("database"),
-                 tr("Файл базы данных: sqlite:ПУТЬ или просто путь. Если файла нет, он создаётся с примером настроек. "
-                    "Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных "
-                    "пользователя."),
-                 QStringLiteral("URL"))
+    , m_database(
+          QStringLiteral("database"),
+          tr("База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ). Где её ещё нет, "
+             "она создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без "
+             "неё — файл в папке данных "
+             "пользователя."),
+          QStringLiteral("URL"))
     , m_render(QStringLiteral("render"),
                tr("Записать изображение каждой страницы (PNG) в папку ПАПКА. Дисплей не нужен."), tr("ПАПКА"))
     , m_selfTest(QStringLiteral("self-test"),
@@ -30,7 +32,7 @@ QString CommandLine::error() const
     if (!m_parser.positionalArguments().isEmpty())
         return tr("Лишний аргумент: «%1».").arg(m_parser.positionalArguments().constFirst());
     if (m_parser.isSet(m_database) && database().isEmpty())
-        return tr("Не указан файл базы данных.");
+        return tr("Не указана база данных.");
     if (m_parser.isSet(m_render) && pictureFolder().isEmpty())
         return tr("Не указана папка для изображений.");
     if (m_parser.isSet(m_theme) && !theme())

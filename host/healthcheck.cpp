@@ -27,13 +27,14 @@ OBJECT_PARAMETERS HealthCheck::repairs(const QVector<SettingFinding> &findings) 
         const auto &[key, member] = finding.address;
         if (finding.repair.isNull())
             continue;
-        if (member.isEmpty()) {
+        // A member may have an empty name.
+        if (member.isEmpty() && finding.problem != Kind::DuplicateMember) {
             texts.insert(key, finding.repair);
             continue;
         }
         if (!objects.contains(key))
             objects.insert(key, JsonMembers::fromText(m_settings.value(key)).value_or(JsonMembers()));
-        // Of several values of one name the last is kept as it is written.
+        // Of several values of one name the one that pages show is kept as it is written.
         if (finding.problem != Kind::DuplicateMember)
             objects[key].setText(member, finding.repair);
     }

@@ -2,6 +2,9 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
 
 namespace {
 
@@ -74,11 +77,21 @@ QString quoted(const QString &text)
     const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(array.mid(1, array.size() - 2));
 }
+
+/// Moves the one of @p written that is read as @p value behind the others.
+void putLast(const QJsonValue &value, QStringList &written)
+{
+    const auto isRead = [&value](const QString &text) { return parsed(text) == value; };
+    const auto found = std::find_if(written.rbegin(), written.rend(), isRead);
+    if (found != written.rend())
+        std::rotate(found.base() - 1, found.base(), written.end());
+}
 } // namespace
 
 std::optional<JsonMembers> JsonMembers::fromText(const QString &text)
 {
-    if (!QJsonDocument::fromJson(text.toUtf8()).isObject())
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
+    if (!document.isObject())
         return {};
 
     JsonMembers members;
@@ -87,6 +100,12 @@ std::optional<JsonMembers> JsonMembers::fromText(const QString &text)
         Member &member = members.m_members[parsed(name).toString()];
         member.writtenName = name;
         member.writtenValues.append(scanner.readValue());
+    }
+    const QJsonObject object = document.object();
+    for (auto &[name, member] : members.m_members) {
+        // In an object of more than 16 members the parser does not always read the last one.
+        if (member.writtenValues.size() > 1)
+            putLast(object.value(name), member.writtenValues);
     }
     return members;
 }

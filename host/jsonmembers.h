@@ -19,12 +19,13 @@ public:
     bool contains(const QString &name) const;
     /// Ascending, each name once.
     QStringList names() const;
-    /// How the values of @p name are written, in their order; empty if there is no such member.
+    /// How the values of @p name are written, the one that pages show as the last; empty if there is no such member.
     QStringList written(const QString &name) const;
     /// Whether every name occurs once.
     bool areUnique() const;
 
-    /// The value of @p name, which is the last one if there are several; undefined if there is no such member.
+    /// The value of @p name, which is the one that pages show if there are several; undefined if there is no such
+    /// member.
     QJsonValue value(const QString &name) const;
     /// The same as a text: a JSON string's own text, a number, true or false as it is written. Nothing for null, an
     /// array or an object, and if there is no such member.
@@ -34,7 +35,8 @@ public:
     void setText(const QString &name, const QString &text);
 
     /// The object with a member a line, ascending, and a final line break: what the settings library writes for the
-    /// same members. Values stay as they are written; of several values of one name the last one.
+    /// same members. Values stay as they are written; of several values of one name the one that
+    /// pages show.
     QString text() const;
 
 private:

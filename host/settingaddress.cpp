@@ -78,6 +78,11 @@ QString context(const SettingAddress &address, const QString &caption)
     }
     return context;
 }
+
+QString behind(const QString &context, const QString &caption)
+{
+    return context.isEmpty() ? caption : QStringLiteral("%1: %2").arg(context, caption);
+}
 } // namespace
 
 SettingAddress SettingAddress::fromText(const QString &text)
@@ -123,9 +128,10 @@ QString SettingAddress::caption() const
 {
     if (isJsonObject())
         return DBSettingsHelper::groupName(DBSettingsHelper::jsonGroup(key));
+    if (!isKnown())
+        return behind(SettingAddress{key}.caption(), member);
     const QString caption = DBSettingsHelper::paramName(parameter());
-    const QString before = context(*this, caption);
-    return before.isEmpty() ? caption : QStringLiteral("%1: %2").arg(before, caption);
+    return behind(context(*this, caption), caption);
 }
 
 std::optional<QString> SettingAddress::valueIn(const QHash<QString, QString> &settings) const

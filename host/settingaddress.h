@@ -22,7 +22,8 @@ struct SettingAddress
 
     QString text() const;
 
-    /// Whether the catalogue has it. Only then the four functions below may be called.
+    /// Whether the catalogue has it. Only then the four functions below may be called, the last one for all members of
+    /// an object that the catalogue has.
     bool isKnown() const;
     /// Whether a JSON object is stored here.
     bool isJsonObject() const;
@@ -31,7 +32,8 @@ struct SettingAddress
     /// Under what name the catalogue describes the value.
     const QString &parameter() const;
     /// The parameter's caption; for a caption that occurs more than once with what tells it apart, as in
-    /// "Сложность пароля: Минимальная длина". A JSON object has the title of its group.
+    /// "Сложность пароля: Минимальная длина". A JSON object has the title of its group; a member that the catalogue
+    /// does not have has its name behind that title.
     QString caption() const;
 
     /// What is stored here; of a member its JsonMembers::scalar(). Nothing if there is nothing of that kind.

@@ -29,7 +29,7 @@ constexpr Description descriptions[] = {
     {Kind::ObjectOfOtherType, "object-of-other-type", QT_TRANSLATE_NOOP("SettingProblem", "Объект с таким номером есть, но здесь его выбрать нельзя: он другого вида.")},
     {Kind::ObjectNotGranted,  "object-not-granted",   QT_TRANSLATE_NOOP("SettingProblem", "Объект с таким номером есть, но оператору он не виден."), Weight::Notice},
     {Kind::NotAJsonObject,    "not-a-json-object",    QT_TRANSLATE_NOOP("SettingProblem", "Текст не читается как объект JSON.")},
-    {Kind::DuplicateMember,   "duplicate-member",     QT_TRANSLATE_NOOP("SettingProblem", "Поле записано несколько раз; действует последнее значение.")},
+    {Kind::DuplicateMember,   "duplicate-member",     QT_TRANSLATE_NOOP("SettingProblem", "Поле записано несколько раз; действует одно из значений.")},
     {Kind::NotAScalar,        "not-a-scalar",         QT_TRANSLATE_NOOP("SettingProblem", "Значение поля — не текст, не число и не true или false.")},
     {Kind::UnknownMember,     "unknown-member",       QT_TRANSLATE_NOOP("SettingProblem", "Такого поля нет в каталоге; при сохранении оно остаётся как есть."), Weight::Notice},
     {Kind::UnknownKey,        "unknown-key",          QT_TRANSLATE_NOOP("SettingProblem", "Такой настройки нет в каталоге; она остаётся как есть."), Weight::Notice},

@@ -66,7 +66,7 @@ QString SettingValue::unknownError(const SettingAddress &address)
 QString SettingValue::valueError(const SettingAddress &address, const QString &words, const QString &problem)
 {
     const QString name = QStringLiteral("%1 (%2)").arg(address.caption(), address.text());
-    if (SettingWords::isSecret(address.parameter()))
+    if (address.isKnown() && SettingWords::isSecret(address.parameter()))
         return QStringLiteral("%1: %2").arg(name, problem);
     return tr("%1: значение «%2» не подходит. %3").arg(name, shortened(words), problem);
 }

@@ -87,7 +87,7 @@ QVector<SettingFinding> StoredText::memberFindings(const JsonMembers &members) c
 SettingFinding StoredText::memberFinding(const JsonMembers &members, const QString &name) const
 {
     const SettingAddress address{m_address.key, name};
-    if (!address.isKnown())
+    if (!isShown(name))
         return unknownFinding(members, name);
     const ParameterDomain domain(name, m_objects);
     const auto value = members.scalar(name);
@@ -103,8 +103,8 @@ SettingFinding StoredText::duplicateFinding(const JsonMembers &members, const QS
     const QStringList written = members.written(name);
     if (written.size() < 2)
         return {address, Kind::None, {}, {}, {}, {}};
-    const bool isShown = address.isKnown();
-    const QString shown = isShown ? ParameterDomain(name, m_objects).shown(members.value(name).toVariant()) : QString();
+    const QString shown =
+        isShown(name) ? ParameterDomain(name, m_objects).shown(members.value(name).toVariant()) : QString();
     return {address,
             Kind::DuplicateMember,
             SettingProblem::words(Kind::DuplicateMember),
@@ -121,6 +121,12 @@ SettingFinding StoredText::unknownFinding(const JsonMembers &members, const QStr
             valueOf(members, name),
             {},
             {}};
+}
+
+bool StoredText::isShown(const QString &name) const
+{
+    // The address of a member without a name would be that of the whole object.
+    return knownMembers().contains(name);
 }
 
 QStringList StoredText::knownMembers() const

@@ -34,6 +34,7 @@ private:
     SettingFinding memberFinding(const JsonMembers &members, const QString &name) const;
     SettingFinding duplicateFinding(const JsonMembers &members, const QString &name) const;
     SettingFinding unknownFinding(const JsonMembers &members, const QString &name) const;
+    bool isShown(const QString &name) const;
     QStringList knownMembers() const;
 
     SettingAddress m_address;

@@ -2,6 +2,8 @@
 
 #include <host/hostenvironment.h>
 
+#include <vxsettings/vxsettings_version.h>
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
@@ -12,7 +14,7 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("vxsettings"));
     QCoreApplication::setApplicationName(QStringLiteral("vxsettingsctl"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION_STRING));
 
     // The toolkit's own texts in the language of the program's; without the file they are English.
     QTranslator toolkitTexts;

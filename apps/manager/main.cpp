@@ -4,6 +4,8 @@
 
 #include <host/hostenvironment.h>
 
+#include <vxsettings/vxsettings_version.h>
+
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
@@ -71,7 +73,7 @@ void setUpApplication()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("vxsettings"));
     QCoreApplication::setApplicationName(QStringLiteral("vxsettings-manager"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION_STRING));
     // The project's drawings before those of the desktop, which may have another picture under one of these names.
     QIcon::setFallbackThemeName(QIcon::themeName());
     QIcon::setThemeName(QStringLiteral("vantorix"));

@@ -128,6 +128,8 @@ void TestHealthCheck::repairs_data()
     QTest::newRow("duplicates: the last as it is written")
         << PIN_STRENGTH << R"({"zone": 1, "min_len": 5, "zone": [2], "min_len": 6})"
         << "{\n    \"min_len\": 6,\n    \"zone\": [2]\n}\n";
+    QTest::newRow("duplicates without a name") << PIN_STRENGTH << R"({"": 1, "min_len": 5, "": [2]})"
+                                               << "{\n    \"\": [2],\n    \"min_len\": 5\n}\n";
     QTest::newRow("duplicate whose last value is wrong") << PIN_STRENGTH << R"({"min_len": 5, "min_len": "x"})"
                                                          << "{\n    \"min_len\": \"0\"\n}\n";
     QTest::newRow("only a stranger") << PIN_STRENGTH << R"({"zone":1})"

@@ -2,6 +2,7 @@
 
 #include "messages.h"
 
+#include <QJsonDocument>
 #include <QTest>
 
 class TestJsonMembers : public QObject
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void scalar_data();
     void scalar();
     void theLastOfSeveralValuesCounts();
+    void ofManyMembersTheOneThatPagesReadCounts();
     void text_data();
     void text();
     void settingATextReplacesAllValuesOfTheName();
@@ -129,6 +131,19 @@ void TestJsonMembers::theLastOfSeveralValuesCounts()
     QVERIFY(!members->scalar("b"));
     QVERIFY(members->value("b").isArray());
     QVERIFY(members->value("c").isUndefined());
+}
+
+void TestJsonMembers::ofManyMembersTheOneThatPagesReadCounts()
+{
+    // Here the parser reads the first of the two.
+    const QString text =
+        R"({"n":"2","l":"8","??p":"2","ef{_":"8","":"8","lppanm_":"8","lefnt":"8","le":"8","left_?cn_in":"8",)"
+        R"("left_":"8","n_min":"8","left_":"6","_in":"8","letae_p":"2","lef{_n":"8","lem":"8","co":"1"})";
+    const auto read = QJsonDocument::fromJson(text.toUtf8())["left_"].toString();
+    const auto members = JsonMembers::fromText(text);
+    QCOMPARE(members->scalar("left_"), std::optional<QString>(read));
+    QCOMPARE(members->written("left_").size(), 2);
+    QCOMPARE(JsonMembers::fromText(members->text())->scalar("left_"), std::optional<QString>(read));
 }
 
 void TestJsonMembers::text_data()

@@ -146,6 +146,8 @@ void TestSettingAddress::caption_data()
     QTest::newRow("the same object has the same")
         << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.left_contact_palm_min"
         << "Требование количества ладоней для контактных вен: Минимальное количество левых ладоней";
+    QTest::newRow("member that no editor shows") << "PT_PIN_STRENGTH.zone"
+                                                 << "Сложность пин-кода: zone";
     QTest::newRow("its twin")
         << "PT_PALM_TEMPLATES_AMOUNT_SETTINGS.left_non_contact_palm_min"
         << "Требование количества ладоней для бесконтактных вен: Минимальное количество левых ладоней";

@@ -140,7 +140,12 @@ void TestSettingValue::refused_data()
                                                   << R"({"min_len": 4, "min_len": 5})"
                                                   << "Сложность пин-кода: Минимальная длина (PT_PIN_STRENGTH.min_len): "
                                                      "значение «4, 5» не подходит. Поле записано "
-                                                     "несколько раз; действует последнее значение.";
+                                                     "несколько раз; действует одно из значений.";
+    QTest::newRow("JSON object with a duplicate that no editor shows")
+        << "PT_PIN_STRENGTH"
+        << R"({"zone": 1, "zone": 2})"
+        << "Сложность пин-кода: zone (PT_PIN_STRENGTH.zone): значение «1, 2» не подходит. Поле записано несколько раз; "
+           "действует одно из значений.";
     QTest::newRow("JSON object with a flag in words")
         << "PT_PIN_STRENGTH"
         << R"({"zone": 1, "deny_equal": "да"})"

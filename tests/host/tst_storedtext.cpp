@@ -117,6 +117,9 @@ void TestStoredText::members_data()
     QTest::newRow("duplicate whose last value is wrong")
         << R"({"min_len": "4", "min_len": "-5"})"
         << QStringList{"min_len duplicate-member: \"4\", \"-5\" → 0, -5", "min_len out-of-range: -5 → 0, 0"};
+    QTest::newRow("a stranger without a name") << R"({"": "4"})" << QStringList{"unknown-member: 4 → -, -"};
+    QTest::newRow("two strangers without a name")
+        << R"({"": 1, "": [2]})" << QStringList{"duplicate-member: 1, [2] → -, [2]", "unknown-member: [2] → -, -"};
     QTest::newRow("duplicate stranger") << R"({"app": 1, "app": [2]})"
                                         << QStringList{"app duplicate-member: 1, [2] → -, [2]",
                                                        "app unknown-member: [2] → -, -"};

@@ -159,11 +159,11 @@
     <name>ParameterDomain</name>
     <message>
         <source>Допустимы целые числа от %1 до %2.</source>
-        <translation>Allowed are whole numbers from %1 to %2.</translation>
+        <translation>Whole numbers from %1 to %2 are allowed.</translation>
     </message>
     <message>
         <source>Допустимы целые числа от %1 до %2; %1 означает «%3».</source>
-        <translation>Allowed are whole numbers from %1 to %2; %1 means “%3”.</translation>
+        <translation>Whole numbers from %1 to %2 are allowed; %1 means “%3”.</translation>
     </message>
     <message>
         <source>Допустимые значения: %1.</source>
@@ -171,10 +171,12 @@
     </message>
     <message>
         <source>да</source>
+        <extracomment>What a user types to switch a flag on, in lower case.</extracomment>
         <translation>yes</translation>
     </message>
     <message>
         <source>нет</source>
+        <extracomment>What a user types to switch a flag off, in lower case.</extracomment>
         <translation>no</translation>
     </message>
     <message>
@@ -183,11 +185,11 @@
     </message>
     <message>
         <source>Допустим номер объекта, который предлагает страница настроек, или 0: не выбран.</source>
-        <translation>Allowed is the number of an object that the settings page offers, or 0: none selected.</translation>
+        <translation>The number of an object that the settings page offers is allowed, or 0: none selected.</translation>
     </message>
     <message>
         <source>Допустима одна строка длиной до %1 знаков.</source>
-        <translation>Allowed is one line of up to %1 characters.</translation>
+        <translation>One line of up to %1 characters is allowed.</translation>
     </message>
 </context>
 <context>
@@ -284,10 +286,6 @@
         <translation>The text cannot be read as a JSON object.</translation>
     </message>
     <message>
-        <source>Поле записано несколько раз; действует последнее значение.</source>
-        <translation>The member is written several times; the last value counts.</translation>
-    </message>
-    <message>
         <source>Значение поля — не текст, не число и не true или false.</source>
         <translation>The value of the member is neither a text nor a number nor true or false.</translation>
     </message>
@@ -298,6 +296,10 @@
     <message>
         <source>Такой настройки нет в каталоге; она остаётся как есть.</source>
         <translation>The catalogue has no such setting; it is left as it is.</translation>
+    </message>
+    <message>
+        <source>Поле записано несколько раз; действует одно из значений.</source>
+        <translation>The member is written several times; one of the values counts.</translation>
     </message>
 </context>
 <context>
@@ -347,6 +349,10 @@
     <message>
         <source>скрыто</source>
         <translation>hidden</translation>
+    </message>
+    <message>
+        <source>«%1»</source>
+        <translation>“%1”</translation>
     </message>
 </context>
 <context>

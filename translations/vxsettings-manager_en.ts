@@ -82,6 +82,14 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Нет такого оформления: «%1».</source>
         <translation>There is no such look: “%1”.</translation>
     </message>
+    <message>
+        <source>Язык программы: ru (русский) или en (английский). Без параметра — выбранный в прошлый раз, иначе язык системы.</source>
+        <translation>The language of the program: ru (Russian) or en (English). Without this option, the one chosen last time, else that of the system.</translation>
+    </message>
+    <message>
+        <source>Нет такого языка: «%1». Языки: %2.</source>
+        <translation>There is no such language: “%1”. The languages: %2.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>
@@ -269,10 +277,12 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>  верно:  </source>
+        <extracomment>As wide as the words for what failed, so that what follows stands in a column.</extracomment>
         <translation>  correct: </translation>
     </message>
     <message>
         <source>  ОШИБКА: </source>
+        <extracomment>As wide as the words for what is right.</extracomment>
         <translation>  ERROR:   </translation>
     </message>
 </context>

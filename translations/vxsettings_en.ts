@@ -12,10 +12,12 @@
     <name>DBParamWidget</name>
     <message>
         <source>Form</source>
+        <extracomment>A placeholder that nobody sees.</extracomment>
         <translation>Form</translation>
     </message>
     <message>
         <source>TextLabel</source>
+        <extracomment>A placeholder that nobody sees.</extracomment>
         <translation>TextLabel</translation>
     </message>
 </context>
@@ -23,10 +25,12 @@
     <name>DependentWidgetsBox</name>
     <message>
         <source>Form</source>
+        <extracomment>A placeholder that nobody sees.</extracomment>
         <translation>Form</translation>
     </message>
     <message>
         <source>Название группы</source>
+        <extracomment>A placeholder that nobody sees.</extracomment>
         <translation>Group name</translation>
     </message>
 </context>
@@ -58,18 +62,22 @@
     </message>
     <message>
         <source>Семейство-код</source>
+        <extracomment>A card number in two parts: the family (facility) and the code of the card in it.</extracomment>
         <translation>Family and code</translation>
     </message>
     <message>
         <source>Круглая</source>
+        <extracomment>The outline of a photograph.</extracomment>
         <translation>Round</translation>
     </message>
     <message>
         <source>Прямоугольная</source>
+        <extracomment>The outline of a photograph.</extracomment>
         <translation>Rectangular</translation>
     </message>
     <message>
         <source>Логин + пароль</source>
+        <extracomment>What an operator signs in with.</extracomment>
         <translation>Login + password</translation>
     </message>
     <message>
@@ -94,6 +102,7 @@
     </message>
     <message>
         <source>По своим шаблонам</source>
+        <extracomment>Against which templates a new one is checked: only the other templates of the same person.</extracomment>
         <translation>Against the person’s own templates</translation>
     </message>
     <message>
@@ -106,10 +115,12 @@
     </message>
     <message>
         <source>Без ограничений</source>
+        <extracomment>Shown instead of 0 for a number of sessions and for minutes of inactivity.</extracomment>
         <translation>No limit</translation>
     </message>
     <message>
         <source>&lt;html&gt;Возможные параметры:&lt;br/&gt;&lt;b&gt;${year}&lt;/b&gt; - текущий год&lt;br/&gt;&lt;b&gt;${month}&lt;/b&gt; - текущий месяц&lt;br/&gt;&lt;b&gt;${day}&lt;/b&gt; - текущий день&lt;br/&gt;&lt;b&gt;${num} ${zero6-num} ${zero8-num} ${zero10-num}&lt;/b&gt; - следующий номер&lt;br/&gt;Например: &lt;b&gt;РОГ-${year}${month}-${zero8-num}&lt;/b&gt;&lt;/html&gt;</source>
+        <extracomment>What stands in ${} and between &lt;&gt; stays as it is. РОГ is the prefix of an example: any letters.</extracomment>
         <translation>&lt;html&gt;Placeholders:&lt;br/&gt;&lt;b&gt;${year}&lt;/b&gt; - current year&lt;br/&gt;&lt;b&gt;${month}&lt;/b&gt; - current month&lt;br/&gt;&lt;b&gt;${day}&lt;/b&gt; - current day&lt;br/&gt;&lt;b&gt;${num} ${zero6-num} ${zero8-num} ${zero10-num}&lt;/b&gt; - next number, plain or padded with zeros to 6, 8 or 10 digits&lt;br/&gt;Example: &lt;b&gt;REQ-${year}${month}-${zero8-num}&lt;/b&gt;&lt;/html&gt;</translation>
     </message>
     <message>
@@ -138,6 +149,7 @@
     </message>
     <message>
         <source>Граница фотографии сотрудника</source>
+        <extracomment>The choices are &quot;Круглая&quot; (round) and &quot;Прямоугольная&quot; (rectangular).</extracomment>
         <translation>Outline of the employee photo</translation>
     </message>
     <message>
@@ -150,6 +162,7 @@
     </message>
     <message>
         <source>Срок уведомления об изменении пароля (дней)</source>
+        <extracomment>How many days before a password expires its user is told to change it.</extracomment>
         <translation>Password change notice period (days)</translation>
     </message>
     <message>
@@ -166,6 +179,7 @@
     </message>
     <message>
         <source>Использовать настройки БД</source>
+        <extracomment>Whether enrolment follows the settings of the database rather than those of the workstation.</extracomment>
         <translation>Use the database settings</translation>
     </message>
     <message>
@@ -182,6 +196,7 @@
     </message>
     <message>
         <source>Поиск ядра</source>
+        <extracomment>The core is the centre of the pattern of a fingerprint.</extracomment>
         <translation>Search for the fingerprint core</translation>
     </message>
     <message>
@@ -194,6 +209,7 @@
     </message>
     <message>
         <source>Антифейк при сканировании</source>
+        <extracomment>Whether the scanner must see that it has a living hand before it and not a copy.</extracomment>
         <translation>Liveness detection while scanning</translation>
     </message>
     <message>
@@ -214,6 +230,7 @@
     </message>
     <message>
         <source>Требуемое качество размытости изображения лица</source>
+        <extracomment>In percent, as every quality.</extracomment>
         <translation>Required blur quality of the face image</translation>
     </message>
     <message>
@@ -238,6 +255,7 @@
     </message>
     <message>
         <source>Хост</source>
+        <extracomment>The address of the mobile service.</extracomment>
         <translation>Host</translation>
     </message>
     <message>
@@ -246,6 +264,7 @@
     </message>
     <message>
         <source>Токен доступа</source>
+        <extracomment>A secret that lockers identify themselves with.</extracomment>
         <translation>Access token</translation>
     </message>
     <message>
@@ -254,6 +273,7 @@
     </message>
     <message>
         <source>Выполнять верификацию</source>
+        <extracomment>Of a face, by the photograph that is sent.</extracomment>
         <translation>Verify the face</translation>
     </message>
     <message>
@@ -266,10 +286,12 @@
     </message>
     <message>
         <source>Запрещать последовательные цифры</source>
+        <extracomment>Such as 1234.</extracomment>
         <translation>Forbid sequential digits</translation>
     </message>
     <message>
         <source>Запрещать одинаковые цифры подряд</source>
+        <extracomment>Such as 1111.</extracomment>
         <translation>Forbid identical digits in a row</translation>
     </message>
     <message>
@@ -306,11 +328,13 @@
     </message>
     <message>
         <source>Требование количества ладоней для контактных вен</source>
-        <translation>Require a number of palms for contact vein scanning</translation>
+        <extracomment>A switch: whether the minimum and maximum numbers of palms below it count.</extracomment>
+        <translation>Limit the number of palms for contact vein scanning</translation>
     </message>
     <message>
         <source>Требование количества ладоней для бесконтактных вен</source>
-        <translation>Require a number of palms for contactless vein scanning</translation>
+        <extracomment>A switch: whether the minimum and maximum numbers of palms below it count.</extracomment>
+        <translation>Limit the number of palms for contactless vein scanning</translation>
     </message>
     <message>
         <source>Минимальное количество левых ладоней</source>

@@ -25,6 +25,10 @@
         <translation>No errors.
 </translation>
     </message>
+    <message>
+        <source>: «%1»</source>
+        <translation>: “%1”</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -56,6 +60,10 @@
         <source>У команды «%1» слишком много аргументов.</source>
         <translation>The command “%1” has too many arguments.</translation>
     </message>
+    <message>
+        <source>Нет такого языка: «%1». Языки: %2.</source>
+        <translation>There is no such language: “%1”. The languages: %2.</translation>
+    </message>
 </context>
 <context>
     <name>CommandTable</name>
@@ -66,10 +74,6 @@
     <message>
         <source>Показать версию программы.</source>
         <translation>Show the version of the program.</translation>
-    </message>
-    <message>
-        <source>База данных: sqlite:ПУТЬ или путь; иначе VXSETTINGS_DATABASE, иначе файл в папке данных пользователя.</source>
-        <translation>The database: sqlite:PATH or a path; else VXSETTINGS_DATABASE, else a file in the user’s data folder.</translation>
     </message>
     <message>
         <source>Вывести один документ JSON вместо текста.</source>
@@ -189,24 +193,6 @@ is replaced.</translation>
         <translation>Create a database, empty or with a sample.</translation>
     </message>
     <message>
-        <source>Другие команды базу данных не создают. Имеющийся файл остаётся как есть.</source>
-        <translation>Other commands never create a database. An existing file is left as it is.</translation>
-    </message>
-    <message>
-        <source>Использование: vxsettingsctl [ПАРАМЕТРЫ] КОМАНДА [АРГУМЕНТЫ]
-
-Настройки базы данных системы контроля доступа из командной строки.
-
-Команды:
-</source>
-        <translation>Usage: vxsettingsctl [OPTIONS] COMMAND [ARGUMENTS]
-
-Database settings of an access-control system from the command line.
-
-Commands:
-</translation>
-    </message>
-    <message>
         <source>Использование: vxsettingsctl [ПАРАМЕТРЫ] %1
 
 %2
@@ -231,6 +217,111 @@ Options:
         <translation>
 Exit statuses:
 </translation>
+    </message>
+    <message>
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ).</source>
+        <translation>The database: a file (sqlite:PATH, PATH) or a server (postgresql://USER@HOST:PORT/NAME).</translation>
+    </message>
+    <message>
+        <source>ТЕКСТ</source>
+        <translation>TEXT</translation>
+    </message>
+    <message>
+        <source>Записать в историю причину изменения.</source>
+        <translation>Record the reason for the change in the history.</translation>
+    </message>
+    <message>
+        <source>Показать, кто, когда и что изменил, от старых изменений к новым.</source>
+        <translation>Show who changed what and when, from the oldest change to the newest.</translation>
+    </message>
+    <message>
+        <source>Время местное, в JSON — UTC. О паролях и токенах известно только, что они изменились.</source>
+        <translation>Times are local, in JSON they are UTC. Of passwords and tokens it is known only that they changed.</translation>
+    </message>
+    <message>
+        <source>КЛЮЧ@РЕВИЗИЯ</source>
+        <translation>KEY@REVISION</translation>
+    </message>
+    <message>
+        <source>Вернуть настройке значение, которое у неё было.</source>
+        <translation>Give a setting back a value that it had.</translation>
+    </message>
+    <message>
+        <source>РЕВИЗИЯ — число из первого столбца команды history. Это новое изменение: оно проверяется, как в команде set, и
+попадает в историю. Код завершения 1 — такой ревизии нет, или её значение не хранится, как у паролей и токенов.</source>
+        <translation>REVISION is a number from the first column of the command history. This is a new change: it is checked as in the
+command set, and recorded in the history. Exit status 1: there is no such revision, or its value is not kept, as with
+passwords and tokens.</translation>
+    </message>
+    <message>
+        <source>Другие команды базу данных не создают. Имеющаяся база данных остаётся как есть. На сервере PostgreSQL пустая база
+данных уже должна быть, в ней создаются таблицы.</source>
+        <translation>Other commands never create a database. An existing database is left as it is. On a PostgreSQL server there must
+already be an empty database, in which the tables are created.</translation>
+    </message>
+    <message>
+        <source>Показывать изменения по мере того, как их сохраняют.</source>
+        <translation>Show changes as they are saved.</translation>
+    </message>
+    <message>
+        <source>Работает, пока её не прервут (Ctrl+C); код завершения тогда 0. С параметром --json каждое изменение — отдельный
+документ JSON в одной строке, такой же, как в команде history.</source>
+        <translation>Runs until it is interrupted (Ctrl+C); the exit status is 0 then. With the option --json, every change is a JSON
+document of its own on one line, the same as in the command history.</translation>
+    </message>
+    <message>
+        <source>База данных, если нет --database. Без неё — файл в папке данных пользователя.</source>
+        <translation>The database, unless --database is given. Without it, a file in the user’s data folder.</translation>
+    </message>
+    <message>
+        <source>Файл с паролями сервера PostgreSQL (иначе ~/.pgpass) или сам пароль.</source>
+        <translation>The file with the passwords of the PostgreSQL server (else ~/.pgpass), or the password itself.</translation>
+    </message>
+    <message>
+        <source>Использование: vxsettingsctl %1
+
+%2
+
+Команды:
+</source>
+        <translation>Usage: vxsettingsctl %1
+
+%2
+
+Commands:
+</translation>
+    </message>
+    <message>
+        <source>
+Переменные окружения:
+</source>
+        <translation>
+Environment variables:
+</translation>
+    </message>
+    <message>
+        <source>Настройки базы данных системы контроля доступа из командной строки.</source>
+        <translation>Database settings of an access-control system from the command line.</translation>
+    </message>
+    <message>
+        <source>[ПАРАМЕТРЫ] КОМАНДА [АРГУМЕНТЫ]</source>
+        <translation>[OPTIONS] COMMAND [ARGUMENTS]</translation>
+    </message>
+    <message>
+        <source>да</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>нет</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>Язык программы: ru (русский) или en (английский); иначе язык системы.</source>
+        <translation>The language of the program: ru (Russian) or en (English); else that of the system.</translation>
     </message>
 </context>
 <context>
@@ -307,14 +398,6 @@ For help: vxsettingsctl --help</translation>
     <message>
         <source>Зависимые:</source>
         <translation>Dependents:</translation>
-    </message>
-    <message>
-        <source>
-%1
-</source>
-        <translation>
-%1
-</translation>
     </message>
     <message>
         <source>КЛЮЧ</source>
@@ -401,8 +484,8 @@ For help: vxsettingsctl --help</translation>
         <translation>somebody else changed a setting at the same time; nothing was saved</translation>
     </message>
     <message>
-        <source>ошибка базы данных или файла</source>
-        <translation>database or file error</translation>
+        <source>ошибка базы данных или файла; ожидание прервано; неизвестно, сохранены ли изменения</source>
+        <translation>database or file error; waiting interrupted; unknown whether the changes were saved</translation>
     </message>
 </context>
 <context>
@@ -431,6 +514,58 @@ For help: vxsettingsctl --help</translation>
     <message>
         <source>«%1» — пароль или токен. Чтобы вывести его, укажите --with-secrets.</source>
         <translation>“%1” is a password or token. To print it, give the option --with-secrets.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommand</name>
+    <message>
+        <source>РЕВИЗИЯ</source>
+        <translation>REVISION</translation>
+    </message>
+    <message>
+        <source>КОГДА</source>
+        <translation>WHEN</translation>
+    </message>
+    <message>
+        <source>КТО</source>
+        <translation>WHO</translation>
+    </message>
+    <message>
+        <source>НАСТРОЙКА</source>
+        <translation>SETTING</translation>
+    </message>
+    <message>
+        <source>БЫЛО</source>
+        <translation>BEFORE</translation>
+    </message>
+    <message>
+        <source>СТАЛО</source>
+        <translation>AFTER</translation>
+    </message>
+    <message>
+        <source>СОХРАНЕНИЕ</source>
+        <translation>SAVE</translation>
+    </message>
+    <message>
+        <source>ПРИЧИНА</source>
+        <translation>REASON</translation>
+    </message>
+    <message>
+        <source>Настройки «%1» нет.</source>
+        <translation>There is no setting “%1”.</translation>
+    </message>
+    <message>
+        <source>Изменений не было.
+</source>
+        <translation>There were no changes.
+</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryWords</name>
+    <message>
+        <source>скрыто</source>
+        <translation>hidden</translation>
     </message>
 </context>
 <context>
@@ -469,11 +604,49 @@ For help: vxsettingsctl --help</translation>
     </message>
 </context>
 <context>
-    <name>Session</name>
+    <name>ManualPage</name>
     <message>
-        <source>Файла нет.</source>
-        <translation>The file does not exist.</translation>
+        <source>НАЗВАНИЕ</source>
+        <translation>NAME</translation>
     </message>
+    <message>
+        <source>ВЫЗОВ</source>
+        <translation>SYNOPSIS</translation>
+    </message>
+    <message>
+        <source>КОМАНДЫ</source>
+        <translation>COMMANDS</translation>
+    </message>
+    <message>
+        <source>ПАРАМЕТРЫ</source>
+        <translation>OPTIONS</translation>
+    </message>
+    <message>
+        <source>ПЕРЕМЕННЫЕ ОКРУЖЕНИЯ</source>
+        <translation>ENVIRONMENT</translation>
+    </message>
+    <message>
+        <source>КОДЫ ЗАВЕРШЕНИЯ</source>
+        <translation>EXIT STATUS</translation>
+    </message>
+</context>
+<context>
+    <name>RestoreCommand</name>
+    <message>
+        <source>«%1» — пароль или токен. Прежние значения паролей и токенов не хранятся.</source>
+        <translation>“%1” is a password or token. Previous values of passwords and tokens are not kept.</translation>
+    </message>
+    <message>
+        <source>У настройки «%1» нет ревизии %2, или её значение не сохранилось. Посмотрите: vxsettingsctl history %1</source>
+        <translation>The setting “%1” has no revision %2, or its value was not kept. See: vxsettingsctl history %1</translation>
+    </message>
+    <message>
+        <source>«%1» — не КЛЮЧ@РЕВИЗИЯ. Настройка восстанавливается целиком, ревизия — число из команды history.</source>
+        <translation>“%1” is not KEY@REVISION. A setting is restored as a whole, the revision is a number from the command history.</translation>
+    </message>
+</context>
+<context>
+    <name>Session</name>
     <message>
         <source>Проверьте параметр --database или создайте базу данных: vxsettingsctl init.</source>
         <translation>Check the option --database, or create the database: vxsettingsctl init.</translation>
@@ -483,8 +656,20 @@ For help: vxsettingsctl --help</translation>
         <translation>Nothing was saved: somebody else changed settings at the same time.</translation>
     </message>
     <message>
-        <source>%1: было %2, сейчас %3, вы задаёте %4</source>
-        <translation>%1: was %2, now is %3, you are setting %4</translation>
+        <source>Прервано.</source>
+        <translation>Interrupted.</translation>
+    </message>
+    <message>
+        <source>%1: было %2, сейчас %3 (%4), вы задаёте %5</source>
+        <translation>%1: was %2, now is %3 (%4), you are setting %5</translation>
+    </message>
+    <message>
+        <source>Неизвестно, сохранены ли изменения.
+%1
+Когда связь восстановится, посмотрите: vxsettingsctl history. Если сохранение %2 там есть, изменения сохранены все, иначе не сохранено ни одно.</source>
+        <translation>It is unknown whether the changes were saved.
+%1
+When the connection is back, see: vxsettingsctl history. If the save %2 is there, all changes were saved, otherwise none.</translation>
     </message>
 </context>
 <context>
@@ -545,6 +730,13 @@ For help: vxsettingsctl --help</translation>
     </message>
 </context>
 <context>
+    <name>StampWords</name>
+    <message>
+        <source>изменено: %1, %2</source>
+        <translation>changed: %1, %2</translation>
+    </message>
+</context>
+<context>
     <name>StandardInput</name>
     <message>
         <source>Значение: </source>
@@ -555,6 +747,7 @@ For help: vxsettingsctl --help</translation>
     <name>StoredDifference</name>
     <message>
         <source>%1 (%2)</source>
+        <extracomment>A key and its caption.</extracomment>
         <translation>%1 (%2)</translation>
     </message>
 </context>
@@ -562,7 +755,44 @@ For help: vxsettingsctl --help</translation>
     <name>ValueWords</name>
     <message>
         <source>—</source>
+        <extracomment>Where there is no value.</extracomment>
         <translation>—</translation>
+    </message>
+    <message>
+        <source>«%1»</source>
+        <translation>“%1”</translation>
+    </message>
+</context>
+<context>
+    <name>WaitNotices</name>
+    <message>
+        <source>База данных занята другой программой, ожидание… Прервать: Ctrl+C.</source>
+        <translation>The database is in use by another program, waiting… To interrupt: Ctrl+C.</translation>
+    </message>
+    <message>
+        <source>Связь прервалась во время сохранения. Выясняется, сохранены ли изменения… Прервать: Ctrl+C.</source>
+        <translation>The connection broke while saving. Finding out whether the changes were saved… To interrupt: Ctrl+C.</translation>
+    </message>
+    <message>
+        <source>Связи с базой данных нет, подключение… Прервать: Ctrl+C.</source>
+        <translation>There is no connection to the database, connecting… To interrupt: Ctrl+C.</translation>
+    </message>
+</context>
+<context>
+    <name>WatchCommand</name>
+    <message>
+        <source>Связь с базой данных потеряна, подключение повторяется.
+%1</source>
+        <translation>The connection to the database is lost, trying to connect again.
+%1</translation>
+    </message>
+    <message>
+        <source>Связь с базой данных восстановлена.</source>
+        <translation>The connection to the database is back.</translation>
+    </message>
+    <message>
+        <source>Наблюдение за базой данных «%1». Прервать: Ctrl+C.</source>
+        <translation>Watching the database “%1”. To interrupt: Ctrl+C.</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 lupdate=${LUPDATE:-lupdate}
+export QT_SELECT=5 # where several are installed
 output=${OUTPUT:-translations}
 
 # What a catalogue is made of. Each is loaded by itself: a host of the settings library needs the first two.

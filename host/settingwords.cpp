@@ -78,7 +78,7 @@ QString SettingWords::value(const QString &key, const QString &text)
     if (isSecret(key))
         return text.isEmpty() ? tr("не задано") : tr("скрыто");
     const QString words = meaning(key, text);
-    return words.isEmpty() ? QStringLiteral("«%1»").arg(text) : words;
+    return words.isEmpty() ? tr("«%1»").arg(text) : words;
 }
 
 bool SettingWords::isSecret(const QString &key)

@@ -1,5 +1,7 @@
 #include "commandline.h"
 
+#include <host/translations.h>
+
 CommandLine::CommandLine(const QStringList &arguments)
     : m_help({QStringLiteral("h"), QStringLiteral("help")}, tr("Показать эту справку."))
     , m_version({QStringLiteral("v"), QStringLiteral("version")}, tr("Показать версию программы."))
@@ -15,13 +17,17 @@ CommandLine::CommandLine(const QStringList &arguments)
     , m_selfTest(QStringLiteral("self-test"),
                  tr("Изменить, сохранить и перечитать все настройки на временной копии базы данных и рассказать, что "
                     "получилось. Сама база данных не меняется. Дисплей не нужен."))
+    , m_language(QStringLiteral("language"),
+                 tr("Язык программы: ru (русский) или en (английский). Без параметра — выбранный в прошлый раз, иначе "
+                    "язык системы."),
+                 QStringLiteral("ru|en"))
     , m_theme(QStringLiteral("theme"), tr("Оформление: light (светлое) или dark (тёмное)."),
               QStringLiteral("light|dark"))
 {
     m_parser.setApplicationDescription(
         tr("Настройки базы данных системы контроля доступа.\n\n"
            "Код завершения: 0 — выполнено, 1 — не выполнено, 2 — ошибка в командной строке, 5 — ошибка базы данных."));
-    m_parser.addOptions({m_help, m_version, m_database, m_render, m_selfTest, m_theme});
+    m_parser.addOptions({m_help, m_version, m_database, m_render, m_selfTest, m_language, m_theme});
     m_parsed = m_parser.parse(arguments);
 }
 
@@ -35,6 +41,9 @@ QString CommandLine::error() const
         return tr("Не указана база данных.");
     if (m_parser.isSet(m_render) && pictureFolder().isEmpty())
         return tr("Не указана папка для изображений.");
+    if (m_parser.isSet(m_language) && !Translations::languages().contains(language()))
+        return tr("Нет такого языка: «%1». Языки: %2.")
+            .arg(language(), Translations::languages().join(QStringLiteral(", ")));
     if (m_parser.isSet(m_theme) && !theme())
         return tr("Нет такого оформления: «%1».").arg(m_parser.value(m_theme));
     return {};
@@ -75,6 +84,11 @@ QString CommandLine::database() const
 QString CommandLine::pictureFolder() const
 {
     return m_parser.value(m_render);
+}
+
+QString CommandLine::language() const
+{
+    return m_parser.value(m_language);
 }
 
 std::optional<Theme::Kind> CommandLine::theme() const

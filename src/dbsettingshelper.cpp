@@ -1,9 +1,9 @@
 #include <vxsettings/dbsettingshelper.h>
+#include <vxsettings/dbsettingslanguage.h>
 
 #include "catalogue.h"
 #include "dbsc.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QVariant>
 
@@ -21,10 +21,10 @@ void reportMiss(const LogPoint &point, const QString &key)
         point().critical() << "dbsettings does not contain parameter" << key;
 }
 
-/// @p text in the language installed now; null for a row without that text.
+/// Null for a row without that text.
 QString translated(const char *text)
 {
-    return text ? QCoreApplication::translate("QObject", text) : QString();
+    return text ? DBSettingsLanguage::translated(text) : QString();
 }
 } // namespace
 

@@ -127,6 +127,7 @@ void TestSettingsSearch::everyHit_data()
     QTest::newRow("pin in English") << "pin"
                                     << QStringList{"PT_PIN_STRENGTH.deny_equal", "PT_PIN_STRENGTH.deny_sequence",
                                                    "PT_PIN_STRENGTH.max_len", "PT_PIN_STRENGTH.min_len"};
+    QTest::newRow("port") << "порт" << QStringList{MOBILE_PORT};
     QTest::newRow("host") << "хост" << QStringList{MOBILE_HOST};
     QTest::newRow("both words must be found") << "палец качество" << QStringList{ENROLL_FINGERPRINT_QUALITY};
     QStringList fingers = fingerprintPage;

@@ -1,9 +1,13 @@
 #include <vxsettings/dbsettingsgroup.h>
 
+#include "catalogue.h"
 #include "dbsc.h"
 #include "widgethandle.h"
 
 #include <vxsettings/dbparamwidget.h>
+#include <vxsettings/dbsettingshelper.h>
+
+#include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -144,6 +148,20 @@ QVariant DBSettingsGroup::paramValue(const QString &key) const
 {
     const DBParamWidget *editor = firstEditor(widget().get(), key);
     return editor ? editor->value() : QVariant();
+}
+
+void DBSettingsGroup::retranslate()
+{
+    const catalogue::Group *row =
+        m_key.isEmpty() ? catalogue::findGroup(DBGroups(m_id)) : catalogue::findJsonGroup(m_key);
+    if (auto *frame = qobject_cast<VXSettingsGroupWidget *>(widget().get()); frame && row)
+        frame->setTitle(DBSettingsHelper::groupName(row->id));
+    for (const auto &child : m_settings) {
+        if (child && child->isGroup())
+            child->toGroup()->retranslate();
+        else if (auto *editor = child ? qobject_cast<DBParamWidget *>(child->widget().get()) : nullptr)
+            editor->retranslate();
+    }
 }
 
 int DBSettingsGroup::id() const

@@ -19,6 +19,7 @@ enum class Option {
     Stdin = 1 << 6,
     Repair = 1 << 7,
     Sample = 1 << 8,
+    Reason = 1 << 9,
 };
 Q_DECLARE_FLAGS(Options, Option)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Options)
@@ -26,13 +27,25 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(Options)
 /// Those that every command has.
 constexpr Options commonOptions = Options(Option::Help) | Option::Version | Option::Database | Option::Json;
 
+/// What a word on the command line stands for, so that a shell can complete it.
+enum class WordKind {
+    Text, ///< anything
+    Page,
+    Key,        ///< of a setting
+    Address,    ///< KEY or KEY.MEMBER
+    Assignment, ///< KEY=VALUE or KEY.MEMBER=VALUE
+    Revision,   ///< KEY@REVISION
+    File,
+};
+
 /// Texts are Russian source texts of the context "CommandTable".
 struct OptionDescription
 {
     Option option;
     char letter; ///< short for the name; 0 if there is none
     const char *name;
-    const char *value; ///< what it stands before; null for a mere switch
+    const char *value; ///< what it stands before, for people; null for a mere switch
+    WordKind valueKind;
     const char *text;
 };
 
@@ -49,8 +62,16 @@ struct Command
     const char *name;
     const char *arguments; ///< for people; null if there are none
     ArgumentCount count;
+    WordKind argumentKind;
     Options options; ///< beside the common ones
     const char *summary;
     const char *details; ///< null if the summary says everything
     Report (*run)(Session &session);
+};
+
+/// What the program takes from its environment. The text is a Russian source text of the context "CommandTable".
+struct EnvironmentVariable
+{
+    const char *names;
+    const char *text;
 };

@@ -16,7 +16,7 @@ QStringList names(const OptionDescription &row)
 CommandLine::CommandLine(const QStringList &arguments)
 {
     for (const OptionDescription &row : CommandTable::options())
-        m_parser.addOption({names(row), {}, QString::fromLatin1(row.value)});
+        m_parser.addOption({names(row), {}, QString::fromUtf8(row.value)});
     m_isUtf8 = !arguments.join(QChar()).contains(QChar::ReplacementCharacter);
     m_parsed = m_parser.parse(arguments);
 }
@@ -54,6 +54,11 @@ QStringList CommandLine::arguments() const
 QString CommandLine::database() const
 {
     return m_parser.value(CommandTable::name(Option::Database));
+}
+
+QString CommandLine::reason() const
+{
+    return m_parser.value(CommandTable::name(Option::Reason));
 }
 
 QString CommandLine::commandError() const

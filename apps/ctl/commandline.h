@@ -27,6 +27,8 @@ public:
     QStringList arguments() const;
     /// The database's URL; empty if none was given.
     QString database() const;
+    /// Of a change, for the history; empty if none was given.
+    QString reason() const;
 
 private:
     QString commandError() const;

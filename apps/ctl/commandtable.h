@@ -15,6 +15,7 @@ public:
     /// In the order in which the help tells of them.
     static QVector<Command> commands();
     static QVector<OptionDescription> options();
+    static QVector<EnvironmentVariable> environment();
 
     /// Null if there is none of that name.
     static const Command *find(const QString &name);
@@ -24,8 +25,16 @@ public:
     static QString help();
     static QString help(const Command &command);
 
+    /// What the program is for, a sentence.
+    static QString purpose();
+    /// What to type behind the program's name.
+    static QString synopsis();
+    /// What to type, as the help has it: "import ФАЙЛ", "-h, --help", "--database <URL>".
+    static QString synopsis(const Command &command);
+    static QString synopsis(const OptionDescription &row);
+
 private:
     static QString optionHelp(Options options);
+    static QString environmentHelp();
     static QString statusHelp();
-    static QString synopsis(const Command &command);
 };

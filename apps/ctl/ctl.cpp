@@ -1,24 +1,8 @@
 #include "ctl.h"
 
 #include "commandtable.h"
+#include "console.h"
 #include "session.h"
-#include "texttable.h"
-
-#include <QTextStream>
-
-#include <cstdio>
-
-namespace {
-
-/// Messages quote what was written by hand.
-QString harmless(const QString &message)
-{
-    QStringList lines;
-    for (const QString &line : message.split(QLatin1Char('\n')))
-        lines.append(TextTable::visible(line));
-    return lines.join(QLatin1Char('\n'));
-}
-} // namespace
 
 int Ctl::run(const QStringList &arguments)
 {
@@ -51,13 +35,7 @@ Report Ctl::usageError(const QString &message)
 
 bool Ctl::print(const Report &report, bool asJson)
 {
-    QTextStream out(stdout);
-    QTextStream err(stderr);
-    out.setCodec("UTF-8");
-    err.setCodec("UTF-8");
     if (!report.message.isEmpty())
-        err << harmless(report.message) << '\n';
-    out << (asJson ? QString::fromUtf8(report.json.toJson()) : report.text);
-    out.flush();
-    return out.status() == QTextStream::Ok && fflush(stdout) == 0;
+        Console::tell(report.message);
+    return Console::print(asJson ? QString::fromUtf8(report.json.toJson()) : report.text);
 }

@@ -26,6 +26,6 @@ constexpr ExitStatusText exitStatusTexts[] = {
     {ExitUsage,    QT_TRANSLATE_NOOP("ExitStatus", "ошибка в командной строке")},
     {ExitInvalid,  QT_TRANSLATE_NOOP("ExitStatus", "недопустимое имя, значение или сочетание значений; ничего не сохранено")},
     {ExitConflict, QT_TRANSLATE_NOOP("ExitStatus", "настройку одновременно изменил кто-то другой; ничего не сохранено")},
-    {ExitDatabase, QT_TRANSLATE_NOOP("ExitStatus", "ошибка базы данных или файла")},
+    {ExitDatabase, QT_TRANSLATE_NOOP("ExitStatus", "ошибка базы данных или файла; ожидание прервано; неизвестно, сохранены ли изменения")},
 };
 // clang-format on

@@ -14,7 +14,7 @@ Report ExportCommand::run(Session &session)
     const QString path = session.commandLine().arguments().constFirst();
     if (auto failure = session.load())
         return *failure;
-    if (SettingsFile(path).isPartOf(session.databasePath()))
+    if (SettingsFile(path).isPartOf(session.database().location()))
         return Report::failure(ExitUsage, tr("Файл «%1» принадлежит базе данных. Укажите другой.").arg(path));
 
     const bool hasSecrets = session.commandLine().isSet(Option::WithSecrets);

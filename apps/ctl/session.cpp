@@ -1,19 +1,20 @@
 #include "session.h"
 
+#include "interruption.h"
+#include "stampwords.h"
 #include "valuewords.h"
+#include "waitnotices.h"
 
-#include <host/databasefile.h>
-
-#include <localstorage/localstorage.h>
-
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonObject>
 
 using vantorix::OBJECT_PARAMETERS;
+using Outcome = SaveResult::Outcome;
 
 Session::Session(const CommandLine &commandLine)
     : m_commandLine(commandLine)
-    , m_location(DatabaseLocation::chosen(commandLine.database()))
+    , m_database(DatabaseLocation::chosen(commandLine.database()))
     , m_objects({})
 {}
 
@@ -22,43 +23,40 @@ const CommandLine &Session::commandLine() const
     return m_commandLine;
 }
 
-QString Session::databasePath() const
+InstallationDatabase &Session::database()
 {
-    return m_location.filePath();
+    return m_database;
 }
 
 std::optional<Report> Session::locationProblem() const
 {
-    if (m_location.isValid())
+    if (m_database.location().isValid())
         return {};
-    return Report::failure(ExitUsage, m_location.problem());
+    return Report::failure(ExitUsage, m_database.location().problem());
+}
+
+std::optional<Report> Session::create(const Installation &content)
+{
+    if (auto problem = locationProblem())
+        return problem;
+    int count = 0;
+    return read<int>(count, [this, &content](const auto &done) { m_database.create(content, done); });
 }
 
 std::optional<Report> Session::load()
 {
     if (auto problem = locationProblem())
         return problem;
-    if (!DatabaseFile(databasePath()).exists()) {
-        const DatabaseError error{databasePath(), tr("Файла нет."),
-                                  tr("Проверьте параметр --database или создайте базу данных: vxsettingsctl init.")};
-        return Report::failure(ExitDatabase, error.text());
-    }
-    auto error = m_store.open(m_location);
-    if (!error)
-        error = m_store.load(m_installation);
-    if (error)
-        return Report::failure(ExitDatabase, error->text());
-
-    m_objects = ObjectIndex(m_installation.objects);
-    // The names of objects are looked up there.
-    for (auto list = m_installation.objects.cbegin(); list != m_installation.objects.cend(); ++list)
-        vantorix::LocalStorage::instance()->setObjects(list.key(), list.value());
+    Installation installation;
+    if (auto problem = read<Installation>(installation, [this](const auto &done) { m_database.load(done); }))
+        return problem;
+    m_objects = ObjectIndex(installation.objects);
     return {};
 }
 
 const QHash<QString, QString> &Session::settings() const
 {
-    return m_installation.settings;
+    return m_database.installation().settings;
 }
 
 const ObjectIndex &Session::objects() const
@@ -66,18 +64,66 @@ const ObjectIndex &Session::objects() const
     return m_objects;
 }
 
+std::optional<Report> Session::readHistory(const QString &key, QVector<HistoryRecord> &records)
+{
+    return read<QVector<HistoryRecord>>(records, [this, &key](const auto &done) { m_database.history(key, done); });
+}
+
+std::optional<Report> Session::readTextAt(const QString &key, qint64 revision, QString &text)
+{
+    return read<QString>(text, [&](const auto &done) { m_database.textAt(key, revision, done); });
+}
+
 std::optional<Report> Session::save(const OBJECT_PARAMETERS &changes)
 {
-    const SaveResult result = m_store.save(changes, m_installation);
-    if (result.error)
-        return Report::failure(ExitDatabase, result.error->text());
-    if (!result.conflicts.isEmpty())
+    const auto result = await<SaveResult>([this, &changes](const auto &done) {
+        m_database.save(changes, m_database.installation(), m_commandLine.reason(), done);
+    });
+    if (result.isDone())
+        return {};
+    if (result.outcome == Outcome::Conflicting)
         return conflictReport(result.conflicts);
-    for (auto change = changes.begin(); change != changes.end(); ++change)
-        m_installation.settings.insert(change.key(), change.value());
-    for (auto revision = result.revisions.begin(); revision != result.revisions.end(); ++revision)
-        m_installation.revisions.insert(revision.key(), revision.value());
+    if (result.outcome == Outcome::Unknown)
+        return unknownReport(result);
+    return failure(result.error.value_or(DatabaseError()));
+}
+
+template <typename Result>
+Result Session::await(const Call<Result> &call)
+{
+    const WaitNotices notices(m_database);
+    const Interruption interruption;
+    QObject::connect(&interruption, &Interruption::requested, &m_database, &InstallationDatabase::cancel);
+    std::optional<Result> result;
+    QEventLoop loop;
+    call([&result, &loop](const Result &answer) {
+        result.emplace(answer);
+        loop.quit();
+    });
+    loop.exec();
+    m_isInterrupted = interruption.isRequested();
+    return *result;
+}
+
+template <typename Value>
+std::optional<Report> Session::read(Value &value, const Call<DatabaseResult<Value>> &call)
+{
+    const auto result = await<DatabaseResult<Value>>(call);
+    if (result.error)
+        return failure(*result.error);
+    // Not everything that was asked to end had to wait.
+    if (m_isInterrupted)
+        return Report::failure(ExitDatabase, tr("Прервано."));
+    value = result.value;
     return {};
+}
+
+Report Session::failure(const DatabaseError &error)
+{
+    DatabaseError advised = error;
+    if (error.kind == DatabaseError::Kind::Missing)
+        advised.advice = tr("Проверьте параметр --database или создайте базу данных: vxsettingsctl init.");
+    return Report::failure(ExitDatabase, advised.text());
 }
 
 Report Session::conflictReport(const QVector<SettingConflict> &conflicts) const
@@ -86,17 +132,33 @@ Report Session::conflictReport(const QVector<SettingConflict> &conflicts) const
     QJsonArray rows;
     for (const SettingConflict &conflict : conflicts) {
         const SettingAddress address{conflict.key};
-        lines.append(tr("%1: было %2, сейчас %3, вы задаёте %4")
+        lines.append(tr("%1: было %2, сейчас %3 (%4), вы задаёте %5")
                          .arg(conflict.key, ValueWords::words(address, conflict.loaded),
-                              ValueWords::words(address, conflict.stored),
+                              ValueWords::words(address, conflict.stored), StampWords::sentence(conflict.stamp),
                               ValueWords::words(address, conflict.wanted)));
-        rows.append(ValueWords::json(address, {{QStringLiteral("base"), conflict.loaded},
-                                               {QStringLiteral("theirs"), conflict.stored},
-                                               {QStringLiteral("mine"), conflict.wanted}}));
+        QJsonObject row = ValueWords::json(address, {{QStringLiteral("base"), conflict.loaded},
+                                                     {QStringLiteral("theirs"), conflict.stored},
+                                                     {QStringLiteral("mine"), conflict.wanted}});
+        StampWords::insertInto(row, conflict.stamp);
+        rows.append(row);
     }
     Report report = Report::failure(ExitConflict, lines.join(QLatin1Char('\n')));
     QJsonObject json = report.json.object();
     json.insert(QStringLiteral("conflicts"), rows);
+    report.json.setObject(json);
+    return report;
+}
+
+Report Session::unknownReport(const SaveResult &result) const
+{
+    const QString reason = result.error ? result.error->text() : QString();
+    Report report = Report::failure(
+        ExitDatabase,
+        tr("Неизвестно, сохранены ли изменения.\n%1\nКогда связь восстановится, посмотрите: vxsettingsctl "
+           "history. Если сохранение %2 там есть, изменения сохранены все, иначе не сохранено ни одно.")
+            .arg(reason, result.saveId));
+    QJsonObject json = report.json.object();
+    json.insert(QStringLiteral("save"), result.saveId);
     report.json.setObject(json);
     return report;
 }

@@ -3,17 +3,17 @@
 #include "commandline.h"
 #include "report.h"
 
-#include <host/databaselocation.h>
-#include <host/installation.h>
+#include <host/installationdatabase.h>
 #include <host/objectindex.h>
-#include <host/saveresult.h>
-#include <host/settingsstore.h>
 
 #include <QCoreApplication>
 
+#include <functional>
 #include <optional>
 
-/// One run of a command on an installation database.
+/// One run of a command on an installation database, which it waits for.
+///
+/// While it waits, the error output tells why if it takes long, and Ctrl+C makes it fail.
 class Session
 {
     Q_DECLARE_TR_FUNCTIONS(Session)
@@ -23,25 +23,42 @@ public:
     explicit Session(const CommandLine &commandLine);
 
     const CommandLine &commandLine() const;
-    QString databasePath() const;
+    InstallationDatabase &database();
 
-    /// Why the database cannot be one; nothing if it can. The functions below have this checked.
+    /// Why the URL names no database; nothing if it does. The functions below have this checked.
     std::optional<Report> locationProblem() const;
-    /// Opens the database, which must be there, and reads everything. What went wrong, or nothing.
+    /// Makes a new database of @p content. What went wrong, or nothing.
+    [[nodiscard]] std::optional<Report> create(const Installation &content);
+    /// Reads everything. What went wrong, or nothing.
     [[nodiscard]] std::optional<Report> load();
 
     /// What load() has read, and save() written.
     const QHash<QString, QString> &settings() const;
     const ObjectIndex &objects() const;
-    /// Stores @p changes, all or none, in what load() has opened. What went wrong, or nothing.
+    /// The changes of @p key, of all settings if it is empty, oldest first. What went wrong, or nothing.
+    [[nodiscard]] std::optional<Report> readHistory(const QString &key, QVector<HistoryRecord> &records);
+    /// What the setting held at @p revision, null if that is not remembered. What went wrong, or nothing.
+    [[nodiscard]] std::optional<Report> readTextAt(const QString &key, qint64 revision, QString &text);
+    /// Stores @p changes of what load() has read, all or none, for the reason that the command line gives. What went
+    /// wrong, or nothing.
     [[nodiscard]] std::optional<Report> save(const vantorix::OBJECT_PARAMETERS &changes);
 
 private:
+    template <typename Result>
+    using Call = std::function<void(const InstallationDatabase::Callback<Result> &done)>;
+
+    /// What comes of @p call, which hands its callback to the database.
+    template <typename Result>
+    Result await(const Call<Result> &call);
+    /// The same for something that is read into @p value. What went wrong, or nothing.
+    template <typename Value>
+    std::optional<Report> read(Value &value, const Call<DatabaseResult<Value>> &call);
+    static Report failure(const DatabaseError &error);
     Report conflictReport(const QVector<SettingConflict> &conflicts) const;
+    Report unknownReport(const SaveResult &result) const;
 
     const CommandLine &m_commandLine;
-    DatabaseLocation m_location;
-    SettingsStore m_store;
-    Installation m_installation;
+    InstallationDatabase m_database;
     ObjectIndex m_objects;
+    bool m_isInterrupted = false;
 };

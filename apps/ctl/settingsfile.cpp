@@ -37,9 +37,11 @@ std::optional<Report> SettingsFile::read(OBJECT_PARAMETERS &settings) const
     return {};
 }
 
-bool SettingsFile::isPartOf(const QString &databasePath) const
+bool SettingsFile::isPartOf(const DatabaseLocation &location) const
 {
-    const QString database = realPath(databasePath);
+    if (location.engine() != DatabaseLocation::Engine::Sqlite)
+        return false;
+    const QString database = realPath(location.filePath());
     for (const char *suffix : {"", "-wal", "-shm", "-journal"}) {
         if (realPath(m_path) == database + QLatin1String(suffix))
             return true;

@@ -2,6 +2,8 @@
 
 #include "report.h"
 
+#include <host/databaselocation.h>
+
 #include <vxsettings/objectparameters.h>
 
 #include <QCoreApplication>
@@ -19,8 +21,8 @@ public:
 
     /// Fills @p settings. What went wrong, or nothing.
     [[nodiscard]] std::optional<Report> read(vantorix::OBJECT_PARAMETERS &settings) const;
-    /// Whether writing the file would destroy the database at @p databasePath, or one of the files that it needs.
-    bool isPartOf(const QString &databasePath) const;
+    /// Whether writing the file would destroy the database at @p location, or one of the files that it needs.
+    bool isPartOf(const DatabaseLocation &location) const;
 
 private:
     QString m_path;

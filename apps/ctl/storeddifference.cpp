@@ -44,6 +44,11 @@ bool StoredDifference::isEmpty() const
     return m_rows.isEmpty();
 }
 
+const QVector<StoredDifference::Row> &StoredDifference::rows() const
+{
+    return m_rows;
+}
+
 QString StoredDifference::text() const
 {
     QString text;

@@ -16,23 +16,25 @@ class StoredDifference
     Q_DECLARE_TR_FUNCTIONS(StoredDifference)
 
 public:
+    struct Row
+    {
+        SettingAddress address;
+        std::optional<QString> before; ///< nothing where nothing was stored
+        std::optional<QString> after;
+    };
+
     /// Of the keys of @p after; what is not among them counts as unchanged.
     StoredDifference(const QHash<QString, QString> &before, const QHash<QString, QString> &after);
 
     bool isEmpty() const;
-    /// A line for each, "key (caption): old → new", in alphabetical order of the keys.
+    /// In alphabetical order of the keys.
+    const QVector<Row> &rows() const;
+    /// A line for each, "key (caption): old → new".
     QString text() const;
     /// Objects with "key", "caption", "old" and "new"; see ValueWords::json().
     QJsonArray json() const;
 
 private:
-    struct Row
-    {
-        SettingAddress address;
-        std::optional<QString> before;
-        std::optional<QString> after;
-    };
-
     void addRows(const Row &whole);
 
     QVector<Row> m_rows;

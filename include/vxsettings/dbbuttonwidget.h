@@ -14,6 +14,7 @@ public:
     /// What was set, or the text of the key that the dialog was accepted with.
     QVariant value() const override;
     void setEnabled(bool enabled) override;
+    void retranslate() override;
 
 private:
     void editKey();

@@ -19,4 +19,5 @@ public:
     void setDefaultValue() override;
     /// Keeps the wheel from changing the choice while the page scrolls under it.
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void retranslate() override;
 };

@@ -11,6 +11,8 @@
 #include <memory>
 #include <utility>
 
+class EditorMark;
+class ProblemLabel;
 class Ui_DBParamWidget;
 
 /// The frame of every parameter editor: a caption beside a slot for the editor's input widget.
@@ -18,6 +20,10 @@ class Ui_DBParamWidget;
 /// An editor has two values: the stored one, which was last passed to setValue(), and the one that its input widget
 /// shows, which value() answers. Editors reach their input widget through centralWidget(); if it is missing or of
 /// another class, they do nothing.
+///
+/// From the moment it is first shown, the input widget bears the caption as its accessible name; its accessible
+/// description is the tool tip, the words of the mark and the problem. The frame hands the focus on to the input
+/// widget.
 class VXSETTINGS_EXPORT DBParamWidget : public QWidget
 {
     Q_OBJECT
@@ -25,6 +31,15 @@ class VXSETTINGS_EXPORT DBParamWidget : public QWidget
 public:
     explicit DBParamWidget(QWidget *parent);
     ~DBParamWidget() override;
+
+    /// What a mark beside the editor tells at a glance.
+    enum class Mark {
+        None,
+        Changed,  ///< the value is not the stored one
+        Problem,  ///< the value breaks a rule
+        Conflict, ///< somebody else has stored another value
+        Note,     ///< there is something to know, for instance why the editor is disabled
+    };
 
     /// The stored value is the negation of what the editor shows. Only the check box heeds it.
     bool inverted = false;
@@ -59,6 +74,15 @@ public:
     /// Shows the caption there and nowhere else. A value outside the enumeration changes nothing.
     void setLabelPosition(LabelPosition position);
 
+    /// Shows an icon at the beginning of the row, in the margin that every row has, and @p words as its tool tip: plain
+    /// text in the user's language. Nothing moves. An editor has one mark; Mark::None takes it away.
+    void setMark(Mark mark, const QString &words = {});
+    Mark mark() const;
+    /// Shows @p text, plain and in the user's language, below the editor, in as many lines as it needs; an empty text
+    /// takes it away.
+    void setProblem(const QString &text);
+    QString problem() const;
+
 Q_SIGNALS:
     /// The value was changed in a way that is to be saved.
     void commitData();
@@ -69,6 +93,11 @@ public Q_SLOTS:
     /// Shows the stored value again.
     virtual void setDefaultValue();
 
+public:
+    /// Shows caption, choices, special value and tool tip as the catalogue has them in the language installed now,
+    /// without a signal or a change of value. An editor whose key is not in the catalogue keeps its texts.
+    virtual void retranslate();
+
 protected:
     /// The value last passed to setValue().
     QVariant storedValue() const;
@@ -77,10 +106,16 @@ protected:
 
 private:
     void keepCaptionsWhole();
+    void placeMark();
+    /// Tells assistive technology what stands around the input widget, once somebody can see it.
+    void describeInput();
+    QString description() const;
 
     std::unique_ptr<Ui_DBParamWidget> m_ui;
     QVariant m_storedValue;
     QString m_key;
     bool m_enabled = true;
     bool m_readOnly = false;
+    EditorMark *m_mark = nullptr;      // child
+    ProblemLabel *m_problem = nullptr; // child
 };

@@ -37,6 +37,11 @@ public:
     /// What the first editor with that key shows, in the editor's own type; invalid if there is none.
     virtual QVariant paramValue(const QString &key) const;
 
+    /// Shows every text of the page in the language installed now, nested groups included. Values, edits and stored
+    /// values stay, and no signal is emitted. To be called when the host's widgets get QEvent::LanguageChange: a page
+    /// does not change its language by itself.
+    void retranslate();
+
     int id() const;
     /// The child nodes in display order, to read or to change.
     std::vector<std::unique_ptr<DBSettings>> &settings();

@@ -40,6 +40,13 @@ void DBButtonWidget::setEnabled(bool enabled)
         button->setEnabled(enabled);
 }
 
+void DBButtonWidget::retranslate()
+{
+    DBParamWidget::retranslate();
+    if (auto *button = qobject_cast<UserDataButton *>(centralWidget()))
+        button->setText(tr("Изменить"));
+}
+
 void DBButtonWidget::editKey()
 {
     auto *button = qobject_cast<QWidget *>(sender());

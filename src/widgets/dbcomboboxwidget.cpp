@@ -1,13 +1,19 @@
 #include <vxsettings/dbcomboboxwidget.h>
 
+#include "comboboxinterface.h"
+
+#include <vxsettings/dbsettingshelper.h>
+
 #include <QComboBox>
 #include <QEvent>
 
 DBComboBoxWidget::DBComboBoxWidget(QWidget *parent)
     : DBParamWidget(parent)
 {
+    ComboBoxInterface::install();
     auto *comboBox = new QComboBox(this);
     comboBox->installEventFilter(this);
+    comboBox->setFocusPolicy(Qt::StrongFocus); // the default, WheelFocus, pulls the focus here while the page scrolls
     connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this, comboBox](int index) { Q_EMIT paramChanged(key(), comboBox->itemData(index)); });
     setCentralWidget(comboBox);
@@ -65,6 +71,20 @@ void DBComboBoxWidget::setDefaultValue()
     disconnect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
     setValue(storedValue());
     connect(comboBox, SIGNAL(currentIndexChanged(int)), this, SIGNAL(commitData()));
+}
+
+void DBComboBoxWidget::retranslate()
+{
+    DBParamWidget::retranslate();
+    auto *comboBox = qobject_cast<QComboBox *>(centralWidget());
+    if (!comboBox)
+        return;
+    const std::map<unsigned int, QString> captions = DBSettingsHelper::paramValues(key());
+    for (int index = 0; index < comboBox->count(); ++index) {
+        const auto caption = captions.find(comboBox->itemData(index).toUInt());
+        if (caption != captions.end())
+            comboBox->setItemText(index, caption->second);
+    }
 }
 
 bool DBComboBoxWidget::eventFilter(QObject *watched, QEvent *event)

@@ -1,5 +1,6 @@
 #include <vxsettings/dbobjselectorwidget.h>
 
+#include "comboboxinterface.h"
 #include "dbsc.h"
 
 #include <vxsettings/dbkeys.h>
@@ -45,6 +46,7 @@ void setDelegate(QAbstractItemView *view)
 DBObjSelectorWidget::DBObjSelectorWidget(const QString &dataname, QWidget *parent)
     : DBParamWidget(parent)
 {
+    ComboBoxInterface::install();
     auto *selector = new VXObjectSelector(this);
     auto *proxy = new GrantedProxyModel(selector);
     selector->setProxyModel(proxy);

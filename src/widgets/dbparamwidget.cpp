@@ -1,8 +1,15 @@
 #include <vxsettings/dbparamwidget.h>
 
+#include "catalogue.h"
+#include "editormark.h"
+#include "problemlabel.h"
 #include "ui_dbparamwidget.h"
 
+#include <vxsettings/dbsettingshelper.h>
+
 #include <QEvent>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 
 namespace {
 
@@ -23,6 +30,17 @@ void setLabelVisible(QLabel *label, bool visible)
     label->setAttribute(Qt::WA_WState_Hidden, false);
     label->updateGeometry();
 }
+
+/// A label with a buddy draws no '&' but reacts to Alt and the letter after it; a caption is shown as it is.
+bool canBeBuddy(const QLabel *label)
+{
+    return !label->isHidden() && !label->text().contains(QLatin1Char('&'));
+}
+
+QString plainText(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
 } // namespace
 
 DBParamWidget::DBParamWidget(QWidget *parent)
@@ -42,6 +60,7 @@ void DBParamWidget::setName(const QString &name)
     m_ui->topLabel->setText(name);
     m_ui->rightLabel->setText(name);
     m_ui->bottomLabel->setText(name);
+    describeInput();
 }
 
 void DBParamWidget::setValue(const QVariant &value)
@@ -131,17 +150,74 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
     setLabelVisible(m_ui->topLabel, position == LabelPosition::Top);
     setLabelVisible(m_ui->rightLabel, position == LabelPosition::Right);
     setLabelVisible(m_ui->bottomLabel, position == LabelPosition::Bottom);
+    describeInput();
+}
+
+void DBParamWidget::setMark(Mark mark, const QString &words)
+{
+    if (!m_mark && mark == Mark::None)
+        return;
+    if (!m_mark)
+        m_mark = new EditorMark(this);
+    m_mark->setMark(mark, mark == Mark::None ? QString() : words);
+    placeMark();
+    m_mark->setVisible(mark != Mark::None);
+    describeInput();
+}
+
+DBParamWidget::Mark DBParamWidget::mark() const
+{
+    return m_mark ? m_mark->mark() : Mark::None;
+}
+
+void DBParamWidget::setProblem(const QString &text)
+{
+    if (text == problem())
+        return;
+    if (!m_problem) {
+        m_problem = new ProblemLabel(this);
+        m_ui->gridLayout->addWidget(m_problem, m_ui->gridLayout->rowCount(), 0, 1, m_ui->gridLayout->columnCount());
+    }
+    m_problem->setText(text);
+    m_problem->setVisible(!text.isEmpty());
+    describeInput();
+}
+
+QString DBParamWidget::problem() const
+{
+    return m_problem ? m_problem->text() : QString();
+}
+
+void DBParamWidget::retranslate()
+{
+    const catalogue::Parameter *parameter = catalogue::findParameter(m_key);
+    if (!parameter)
+        return;
+    if (parameter->caption)
+        setName(DBSettingsHelper::paramName(m_key));
+    if (parameter->specialValue)
+        setSpecialValue(DBSettingsHelper::paramSpecialValue(m_key));
+    if (parameter->toolTip)
+        setToolTip(DBSettingsHelper::toolTip(m_key));
 }
 
 bool DBParamWidget::event(QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::Polish:
+    case QEvent::ToolTipChange: {
+        const bool isHandled = QWidget::event(event);
+        describeInput();
+        return isHandled;
+    }
     case QEvent::LayoutRequest:
     case QEvent::Resize:
     case QEvent::Show: {
         const bool isHandled = QWidget::event(event);
-        if (isVisible())
+        if (isVisible()) {
             keepCaptionsWhole();
+            placeMark();
+        }
         return isHandled;
     }
     default:
@@ -157,4 +233,37 @@ void DBParamWidget::keepCaptionsWhole()
         if (label->isVisible() && label->height() < label->sizeHint().height())
             label->setMinimumHeight(label->sizeHint().height());
     }
+}
+
+void DBParamWidget::placeMark()
+{
+    if (!m_mark)
+        return;
+    const int margin = m_ui->gridLayout->contentsMargins().left();
+    const int middle = m_ui->centralWidget->geometry().center().y();
+    m_mark->move((margin - EditorMark::extent) / 2, middle - EditorMark::extent / 2);
+}
+
+void DBParamWidget::describeInput()
+{
+    QWidget *input = testAttribute(Qt::WA_WState_Polished) ? centralWidget() : nullptr;
+    if (!input)
+        return;
+
+    setFocusProxy(input);
+    if (canChangeLabelPosition())
+        input->setAccessibleName(m_ui->leftLabel->text());
+    input->setAccessibleDescription(description());
+    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+        QWidget *buddy = canBeBuddy(label) ? input : nullptr;
+        if (label->buddy() != buddy)
+            label->setBuddy(buddy);
+    }
+}
+
+QString DBParamWidget::description() const
+{
+    QStringList parts{plainText(toolTip()), m_mark ? m_mark->words() : QString(), problem()};
+    parts.removeAll(QString());
+    return parts.join(QLatin1Char('\n'));
 }

@@ -11,7 +11,7 @@
 #include <host/settingaddress.h>
 #include <host/settingscontroller.h>
 #include <host/settingsstore.h>
-#include <host/sqlitetransaction.h>
+#include <host/sqltransaction.h>
 
 #include <vxsettings/dbsettingshelper.h>
 
@@ -109,8 +109,8 @@ StoredTexts storedTexts(const Kind &kind, const QHash<QString, Texts> &texts, in
 
 void store(const TestDatabase &database, const StoredTexts &texts)
 {
-    SqliteConnection connection(database.path(), SqliteConnection::Mode::ReadWrite);
-    SqliteTransaction transaction(connection, SqliteTransaction::Kind::Write);
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    SqlTransaction transaction(connection, SqlTransaction::Kind::Write);
     bool done = transaction.isActive();
     for (auto text = texts.begin(); text != texts.end(); ++text)
         done = done && connection.executePrepared("UPDATE settings SET value = CAST(? AS TEXT) WHERE key = ?",
@@ -160,7 +160,7 @@ public:
         : m_kind(kind)
         , m_controller(m_store)
     {
-        const bool failed = m_store.open(database.path()) || m_store.load(m_installation) || m_controller.load();
+        const bool failed = m_store.open(DatabaseLocation::ofFile(database.path())) || m_store.load(m_installation) || m_controller.load();
         if (failed)
             throw std::runtime_error("the database cannot be read");
         m_window.show();
@@ -231,7 +231,7 @@ void TestNastyTexts::nothingIsWrittenWithoutAnEdit()
     const quint32 seed = testrun::seed();
     QRandomGenerator random(seed);
     const TestDatabase database;
-    QVERIFY(!SettingsStore().open(database.path()));
+    QVERIFY(!SettingsStore().open(DatabaseLocation::ofFile(database.path())));
 
     int pages = 0;
     QHash<QString, Texts> nasty;

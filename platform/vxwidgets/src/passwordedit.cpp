@@ -1,5 +1,7 @@
 #include <vxwidgets/passwordedit.h>
 
+#include "accessiblesecrets.h"
+
 #include <vxstyles/vxiconhelper.h>
 
 #include <QAction>
@@ -9,6 +11,7 @@
 PasswordEdit::PasswordEdit(QWidget *parent)
     : QLineEdit(parent)
 {
+    accessiblesecrets::guard();
     setEchoMode(Password);
 }
 

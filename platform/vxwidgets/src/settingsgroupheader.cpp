@@ -15,6 +15,16 @@ constexpr QSize iconSize(24, 24);
 constexpr int spacing = 6;
 constexpr qreal lineOpacity = 0.25; // of the text colour: faint, yet there in a light palette and in a dark one
 
+/// Makes @p button follow its parent, which is older than the members of the group. Qt orders only what can have the
+/// focus.
+void putInTabOrder(QToolButton *button)
+{
+    QWidget *header = button->parentWidget();
+    header->setFocusPolicy(Qt::TabFocus);
+    QWidget::setTabOrder(header, button);
+    header->setFocusPolicy(Qt::NoFocus);
+}
+
 int spaceFor(const QSize &part)
 {
     return part.isEmpty() ? 0 : part.width() + spacing;
@@ -30,6 +40,7 @@ SettingsGroupHeader::SettingsGroupHeader(QWidget *parent)
 void SettingsGroupHeader::setTitle(const QString &title)
 {
     m_title = title;
+    updateButton();
     updateGeometry();
     update();
 }
@@ -55,6 +66,7 @@ void SettingsGroupHeader::setButtonShown(bool shown)
     if (shown) {
         m_button = new QToolButton(this);
         m_button->setAutoRaise(true);
+        putInTabOrder(m_button);
         connect(m_button, &QToolButton::clicked, this, &SettingsGroupHeader::toggleRequested);
         updateButton();
         placeButton();
@@ -179,6 +191,7 @@ void SettingsGroupHeader::updateButton()
     m_button->setArrowType(m_expanded ? Qt::DownArrow : folded);
     m_button->setToolTip(m_expanded ? tr("Свернуть") : tr("Развернуть"));
     m_button->setAccessibleName(m_button->toolTip());
+    m_button->setAccessibleDescription(m_title);
 }
 
 void SettingsGroupHeader::placeButton()

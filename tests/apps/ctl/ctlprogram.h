@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QProcess>
 
+#include <csignal>
 #include <stdexcept>
 
 /// vxsettingsctl as somebody starts it, on a database of its own, in an environment without any settings of the person
@@ -17,17 +18,27 @@ class CtlProgram : public QProcess
 {
 public:
     CtlProgram(const TestDatabase &database, const QStringList &arguments)
+        : CtlProgram(database.folder(), database.path(), arguments)
+    {}
+    /// On the database at @p url, with @p folder as home and working folder.
+    CtlProgram(const QString &folder, const QString &url, const QStringList &arguments)
     {
         QProcessEnvironment environment;
         environment.insert(QStringLiteral("PATH"), qEnvironmentVariable("PATH"));
-        environment.insert(QStringLiteral("HOME"), database.folder());
-        environment.insert(QStringLiteral("VXSETTINGS_DATABASE"), database.path());
+        environment.insert(QStringLiteral("HOME"), folder);
+        environment.insert(QStringLiteral("VXSETTINGS_DATABASE"), url);
         for (const char *name : {"LSAN_OPTIONS", "UBSAN_OPTIONS"})
             environment.insert(QLatin1String(name), qEnvironmentVariable(name));
         setProcessEnvironment(environment);
-        setWorkingDirectory(database.folder());
+        setWorkingDirectory(folder);
         setProgram(QStringLiteral(CTL));
         setArguments(arguments);
+    }
+
+    ~CtlProgram() override
+    {
+        kill();
+        waitForFinished();
     }
 
     /// The exit status; -1 if the program crashed or did not end.
@@ -41,10 +52,33 @@ public:
     int finish()
     {
         const bool ended = state() == NotRunning || waitForFinished(60000);
-        output = readAllStandardOutput();
-        out = QString::fromUtf8(output);
-        err = QString::fromUtf8(readAllStandardError());
+        takeOutput();
         return ended && exitStatus() == NormalExit ? exitCode() : -1;
+    }
+    /// Takes what the program has printed so far.
+    void takeOutput()
+    {
+        output += readAllStandardOutput();
+        out = QString::fromUtf8(output);
+        errors += readAllStandardError();
+        err = QString::fromUtf8(errors);
+    }
+    /// What Ctrl+C and its like send.
+    void interrupt(int signal = SIGINT) const
+    {
+        if (::kill(pid_t(processId()), signal) != 0)
+            throw std::runtime_error("nobody to interrupt");
+    }
+    bool hasSaid(const QString &part)
+    {
+        takeOutput();
+        return err.contains(part);
+    }
+    void setVariable(const QString &name, const QString &value)
+    {
+        QProcessEnvironment environment = processEnvironment();
+        environment.insert(name, value);
+        setProcessEnvironment(environment);
     }
 
     /// What was printed, which must be one document and nothing else.
@@ -68,6 +102,7 @@ public:
     }
 
     QByteArray output;
+    QByteArray errors;
     QString out;
     QString err;
 };

@@ -31,7 +31,8 @@ void TestCommandTable::everyCommandIsThereOnce()
     QStringList names;
     for (const Command &command : CommandTable::commands())
         names.append(command.name);
-    const QStringList expected{"list", "get", "set", "describe", "check", "export", "import", "diff", "init"};
+    const QStringList expected{"list",   "get",  "set",     "describe", "check", "export",
+                               "import", "diff", "history", "restore",  "init",  "watch"};
     QCOMPARE(names, expected);
 }
 
@@ -98,6 +99,8 @@ void TestCommandTable::helpTellsEverything()
         QVERIFY2(help.contains(QStringLiteral("--%1").arg(row.name)), row.name);
         QVERIFY2(help.contains(CommandTable::tr(row.text)), row.name);
     }
+    for (const EnvironmentVariable &row : CommandTable::environment())
+        QVERIFY2(help.contains(CommandTable::tr(row.text)), row.names);
     for (int status = 0; status <= 5; ++status)
         QVERIFY2(help.contains(QStringLiteral("\n  %1  ").arg(status)), qPrintable(QString::number(status)));
     for (const QString &line : help.split('\n'))

@@ -1,3 +1,4 @@
+#include "awaitedfile.h"
 #include "ctlprogram.h"
 #include "messages.h"
 
@@ -5,49 +6,7 @@
 
 #include <QTest>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 using namespace db::database;
-
-namespace {
-
-/// A file that a program waits for: it has loaded the database when it opens this end, and saves when it has read it.
-class AwaitedFile
-{
-public:
-    explicit AwaitedFile(const QString &path)
-        : m_path(QFile::encodeName(path))
-    {
-        if (mkfifo(m_path.constData(), 0600) != 0)
-            throw std::runtime_error("no pipe");
-    }
-    /// Whether somebody reads.
-    bool isAwaited()
-    {
-        if (m_descriptor < 0)
-            m_descriptor = open(m_path.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-        return m_descriptor >= 0;
-    }
-    void finish(const QByteArray &bytes)
-    {
-        const bool isWritten = ::write(m_descriptor, bytes.constData(), size_t(bytes.size())) == bytes.size();
-        close(m_descriptor);
-        if (!isWritten)
-            throw std::runtime_error("the pipe takes nothing");
-    }
-
-private:
-    QByteArray m_path;
-    int m_descriptor = -1;
-};
-
-QByteArray document(const QJsonObject &settings)
-{
-    return QJsonDocument({{"format", "vxsettings-export"}, {"version", 1}, {"settings", settings}}).toJson();
-}
-} // namespace
 
 class TestCtlConflict : public QObject
 {
@@ -57,9 +16,14 @@ private Q_SLOTS:
     void initTestCase();
     void aChangeFromElsewhereStopsTheSave_data();
     void aChangeFromElsewhereStopsTheSave();
+    void theOtherIsNamed();
     void aChangeOfAnotherSettingDoesNot();
     void aWriterThatDoesNotEnd();
+    void theWaitingCanBeEnded_data();
+    void theWaitingCanBeEnded();
+    void aShortWaitIsNotWorthAWord();
     void twoProgramsLoseNoUpdate();
+    void onlyOneMakesTheDatabase();
 };
 
 void TestCtlConflict::initTestCase()
@@ -87,7 +51,7 @@ void TestCtlConflict::aChangeFromElsewhereStopsTheSave()
     database.store(MOBILE_PORT, "4711");
     database.store(PASSWORD_DEF, "Geheim-theirs");
     const auto before = database.settings();
-    file.finish(document({{MOBILE_PORT, "1"}, {MOBILE_HOST, "mine"}, {PASSWORD_DEF, "Geheim-mine"}}));
+    file.finish(AwaitedFile::document({{MOBILE_PORT, "1"}, {MOBILE_HOST, "mine"}, {PASSWORD_DEF, "Geheim-mine"}}));
     QCOMPARE(program.finish(), 4);
     QCOMPARE(database.settings(), before);
 
@@ -100,9 +64,36 @@ void TestCtlConflict::aChangeFromElsewhereStopsTheSave()
         return;
     const QJsonArray conflicts = program.json()["conflicts"].toArray();
     QCOMPARE(conflicts.size(), 2);
-    const QJsonObject port{{"key", MOBILE_PORT}, {"base", "8443"}, {"theirs", "4711"}, {"mine", "1"}};
-    QVERIFY(conflicts.contains(port));
+    QJsonObject port = conflicts[0]["key"] == MOBILE_PORT ? conflicts[0].toObject() : conflicts[1].toObject();
+    QVERIFY2(!port.take("at").toString().isEmpty(), "the database itself knows when");
+    // Who has written past all programs of this project is not known.
+    const QJsonObject expected{{"key", MOBILE_PORT}, {"base", "8443"},         {"theirs", "4711"},
+                               {"mine", "1"},        {"by", QJsonValue::Null}, {"workstation", QJsonValue::Null}};
+    QCOMPARE(port, expected);
     QCOMPARE(program.json()["status"].toInt(), 4);
+}
+
+void TestCtlConflict::theOtherIsNamed()
+{
+    const SampleDatabase database;
+    AwaitedFile file(database.folder() + "/settings.json");
+    CtlProgram program(database, {"import", "settings.json", "--json"});
+    program.start();
+    QTRY_VERIFY(file.isAwaited());
+    CtlProgram other(database, {"set", "PT_MOBILE_PORT=4711"});
+    QCOMPARE(other.run(), 0);
+    file.finish(AwaitedFile::document({{MOBILE_PORT, "1"}}));
+    QCOMPARE(program.finish(), 4);
+
+    const ChangeStamp me = ChangeStamp::now();
+    const QJsonObject port = program.json()["conflicts"][0].toObject();
+    QCOMPARE(port["theirs"].toString(), QString("4711"));
+    QCOMPARE(port["by"].toString(), me.by);
+    QCOMPARE(port["workstation"].toString(), me.workstation);
+    const auto at = QDateTime::fromString(port["at"].toString(), Qt::ISODateWithMs);
+    QVERIFY2(port["at"].toString().endsWith('Z'), qPrintable(port["at"].toString()));
+    QVERIFY(qAbs(at.secsTo(me.at)) < 60);
+    QVERIFY2(program.err.contains(me.by + '@' + me.workstation), qPrintable(program.err));
 }
 
 void TestCtlConflict::aChangeOfAnotherSettingDoesNot()
@@ -113,7 +104,7 @@ void TestCtlConflict::aChangeOfAnotherSettingDoesNot()
     program.start();
     QTRY_VERIFY(file.isAwaited());
     database.store(MOBILE_PORT, "4711");
-    file.finish(document({{MOBILE_HOST, "mine"}}));
+    file.finish(AwaitedFile::document({{MOBILE_HOST, "mine"}}));
     QCOMPARE(program.finish(), 0);
     QCOMPARE(database.stored(MOBILE_PORT), QString("4711"));
     QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
@@ -126,9 +117,50 @@ void TestCtlConflict::aWriterThatDoesNotEnd()
     QVERIFY(writer.execute("BEGIN IMMEDIATE"));
     CtlProgram program(database, {"set", "PT_MOBILE_PORT=1"});
     QCOMPARE(program.run(), 5);
+    QCOMPARE(program.err.count("ожидание…"), 1);
     QVERIFY2(program.err.contains("занята другой программой"), qPrintable(program.err));
     QVERIFY(writer.execute("ROLLBACK"));
     QCOMPARE(database.stored(MOBILE_PORT), QString("8443"));
+}
+
+void TestCtlConflict::theWaitingCanBeEnded_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("by Ctrl+C") << SIGINT;
+    QTest::newRow("by the system") << SIGTERM;
+}
+
+void TestCtlConflict::theWaitingCanBeEnded()
+{
+    QFETCH(int, signal);
+    const SampleDatabase database;
+    SqlConnection writer(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(writer.execute("BEGIN IMMEDIATE"));
+    CtlProgram program(database, {"set", "PT_MOBILE_PORT=1"});
+    program.start();
+    QTRY_VERIFY(program.hasSaid("ожидание…"));
+    program.interrupt(signal);
+    QCOMPARE(program.finish(), 5);
+    QVERIFY2(program.err.contains("Ожидание прервано"), qPrintable(program.err));
+    QVERIFY(writer.execute("ROLLBACK"));
+    QCOMPARE(database.stored(MOBILE_PORT), QString("8443"));
+}
+
+void TestCtlConflict::aShortWaitIsNotWorthAWord()
+{
+    const SampleDatabase database;
+    AwaitedFile file(database.folder() + "/settings.json");
+    CtlProgram program(database, {"import", "settings.json"});
+    program.start();
+    QTRY_VERIFY(file.isAwaited());
+    SqlConnection writer(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(writer.execute("BEGIN IMMEDIATE"));
+    file.finish(AwaitedFile::document({{MOBILE_PORT, "1"}}));
+    QTest::qWait(200); // for the program to find the lock, which nobody outside can see
+    QVERIFY(writer.execute("ROLLBACK"));
+    QCOMPARE(program.finish(), 0);
+    QCOMPARE(program.err, QString());
+    QCOMPARE(database.stored(MOBILE_PORT), QString("1"));
 }
 
 void TestCtlConflict::twoProgramsLoseNoUpdate()
@@ -159,6 +191,24 @@ void TestCtlConflict::twoProgramsLoseNoUpdate()
         QCOMPARE(stored["max_len"].toString(), maximum);
     }
     qInfo("%d rounds of two programs at once: %d refused because of the other, no update lost", rounds, conflicts);
+}
+
+void TestCtlConflict::onlyOneMakesTheDatabase()
+{
+    constexpr int rounds = 25;
+    for (int round = 0; round < rounds; ++round) {
+        const TestDatabase database;
+        CtlProgram withSample(database, {"init", "--sample"});
+        CtlProgram withNothing(database, {"init"});
+        withSample.start();
+        withNothing.start();
+        const int sampleStatus = withSample.finish();
+        const int emptyStatus = withNothing.finish();
+        QVERIFY2((sampleStatus == 0 && emptyStatus == 5) || (sampleStatus == 5 && emptyStatus == 0),
+                 qPrintable(withSample.out + withSample.err + withNothing.out + withNothing.err));
+        QCOMPARE(database.settings().size(), sampleStatus == 0 ? 41 : 0);
+        QCOMPARE(database.files(), QStringList{"installation.db"});
+    }
 }
 
 QTEST_MAIN(TestCtlConflict)

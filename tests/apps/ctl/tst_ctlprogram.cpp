@@ -66,6 +66,12 @@ void TestCtlProgram::usageErrors_data()
     QTest::newRow("a key twice") << QStringList{"set", "PT_MOBILE_PORT=1", "PT_MOBILE_PORT=2"};
     QTest::newRow("a key and its member") << QStringList{"set", "PT_PIN_STRENGTH.min_len=4", "PT_PIN_STRENGTH={}"};
     QTest::newRow("a value beside the input") << QStringList{"set", "--stdin", "PT_MOBILE_HOST=x"};
+    QTest::newRow("no revision to restore") << QStringList{"restore", "PT_MOBILE_PORT"};
+    QTest::newRow("a revision that is no number") << QStringList{"restore", "PT_MOBILE_PORT@x"};
+    QTest::newRow("revision 0") << QStringList{"restore", "PT_MOBILE_PORT@0"};
+    QTest::newRow("a revision of a member") << QStringList{"restore", "PT_PIN_STRENGTH.min_len@1"};
+    QTest::newRow("a revision of nothing") << QStringList{"restore", "@1"};
+    QTest::newRow("a reason to read") << QStringList{"list", "--reason", "x"};
     QTest::newRow("two keys from the input") << QStringList{"set", "--stdin", "PT_MOBILE_HOST", "PT_MOBILE_PORT"};
 }
 
@@ -91,6 +97,9 @@ void TestCtlProgram::aDatabaseIsOnlyMadeByInit_data()
     QTest::newRow("export") << QStringList{"export", "x.json"};
     QTest::newRow("import") << QStringList{"import", "x.json"};
     QTest::newRow("diff") << QStringList{"diff", "x.json"};
+    QTest::newRow("history") << QStringList{"history"};
+    QTest::newRow("restore") << QStringList{"restore", "PT_MOBILE_PORT@1"};
+    QTest::newRow("watch") << QStringList{"watch"};
 }
 
 void TestCtlProgram::aDatabaseIsOnlyMadeByInit()

@@ -1,52 +1,14 @@
 #include "ctlprogram.h"
 #include "messages.h"
+#include "terminal.h"
 
 #include <vxsettings/dbkeys.h>
 
 #include <QTest>
 
 #include <csignal>
-#include <fcntl.h>
-#include <pty.h>
-#include <termios.h>
-#include <unistd.h>
 
 using namespace db::database;
-
-namespace {
-
-/// A terminal in front of the program, of which the test holds the other end.
-class Terminal
-{
-public:
-    Terminal() { m_isThere = openpty(&m_near, &m_far, nullptr, nullptr, nullptr) == 0; }
-    /// False where a container has no pseudo terminals.
-    bool isThere() const { return m_isThere; }
-    ~Terminal()
-    {
-        close(m_near);
-        close(m_far);
-    }
-    Q_DISABLE_COPY(Terminal)
-
-    QString name() const { return QString::fromLocal8Bit(ttyname(m_far)); }
-    bool showsLetters() const
-    {
-        termios state;
-        return tcgetattr(m_far, &state) == 0 && (state.c_lflag & tcflag_t(ECHO)) != 0;
-    }
-    void type(const QByteArray &keys) const
-    {
-        if (::write(m_near, keys.constData(), size_t(keys.size())) != keys.size())
-            throw std::runtime_error("the terminal takes nothing");
-    }
-
-private:
-    int m_near = -1;
-    int m_far = -1;
-    bool m_isThere = false;
-};
-} // namespace
 
 class TestCtlSet : public QObject
 {

@@ -8,7 +8,8 @@
 ///
 /// Hiding, disabling or making the edit read-only masks the text again. Undo never brings back what was typed before
 /// the last change between masked and revealed. The constructor leaves the eye to the first polishing, which comes at
-/// the latest when the edit is first shown.
+/// the latest when the edit is first shown. Assistive technology is told how long a masked text is, never the text: for
+/// that, the first edit installs an update handler of QAccessible.
 class VXWIDGETS_EXPORT PasswordEdit : public QLineEdit
 {
     Q_OBJECT

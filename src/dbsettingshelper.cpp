@@ -4,6 +4,8 @@
 #include "catalogue.h"
 #include "dbsc.h"
 
+#include <qtcompat.h>
+
 #include <QHash>
 #include <QVariant>
 
@@ -161,7 +163,7 @@ bool DBSettingsHelper::paramChildIsEnabled(const QString &parentKey, const QVari
         return true;
     switch (dependency->rule) {
     case EnabledWhen::One:
-        return parentValue.toUInt() == 1;
+        return qtcompat::numberText(parentValue).toUInt() == 1;
     case EnabledWhen::True:
         return parentValue.toBool();
     case EnabledWhen::False:

@@ -4,6 +4,8 @@
 
 #include <vxsettings/dbsettingshelper.h>
 
+#include <qtcompat.h>
+
 #include <QComboBox>
 #include <QEvent>
 
@@ -25,7 +27,7 @@ void DBComboBoxWidget::setValue(const QVariant &value)
     if (!comboBox)
         return;
     DBParamWidget::setValue(value);
-    const int wanted = value.toInt();
+    const int wanted = qtcompat::numberText(value).toInt();
     for (int index = 0; index < comboBox->count(); ++index) {
         if (comboBox->itemData(index).toInt() == wanted) {
             comboBox->setCurrentIndex(index);
@@ -89,7 +91,9 @@ void DBComboBoxWidget::retranslate()
 
 bool DBComboBoxWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Wheel && watched == centralWidget())
+    if (event->type() == QEvent::Wheel && watched == centralWidget()) {
+        event->ignore(); // the page scrolls instead
         return true;
+    }
     return DBParamWidget::eventFilter(watched, event);
 }

@@ -9,6 +9,8 @@
 #include <vxwidgets/vxobjectselector.h>
 #include <vxwidgets/vxtreeviewdelegate.h>
 
+#include <qtcompat.h>
+
 #include <QPointer>
 #include <QTreeView>
 
@@ -86,7 +88,7 @@ void DBObjSelectorWidget::setValue(const QVariant &value)
         return;
     DBParamWidget::setValue(value);
     bool isUid = false;
-    const unsigned int uid = value.toUInt(&isUid);
+    const unsigned int uid = qtcompat::numberText(value).toUInt(&isUid);
     if (!isUid) {
         if (dbsc().isDebugEnabled())
             valueSet().debug() << "Unable to parse value. Returning";

@@ -39,7 +39,7 @@ int firstStranger(const QString &text)
 /// The character of @p text at @p place, or its code point if it has no picture.
 QString nameOfCharacter(const QString &text, int place)
 {
-    const uint character = text.mid(place, 2).toUcs4().constFirst();
+    const char32_t character = text.mid(place, 2).toUcs4().constFirst();
     if (QChar::isPrint(character))
         return QString::fromUcs4(&character, 1);
 

@@ -262,7 +262,7 @@ void TestCtlDocuments::typing()
     QFETCH(QString, run);
     for (const Shell &shell : {shells[0], shells[1]}) {
         TypedShell typed(shell);
-        QTRY_VERIFY(typed.isReady());
+        QTRY_VERIFY_WITH_TIMEOUT(typed.isReady(), 30000);
         typed.type("vxsettingsctl " + keys + '\n');
         QTRY_VERIFY2(!typed.whatWasRun().isNull(), qPrintable(typed.screen()));
         QVERIFY2(typed.whatWasRun() == run, qPrintable(QString("%1: %2").arg(shell.name, typed.screen())));
@@ -287,7 +287,7 @@ void TestCtlDocuments::choicesAreListedWithTheirCaptions()
     QFETCH(QStringList, captions);
     for (const Shell &shell : {shells[0], shells[1]}) {
         TypedShell typed(shell);
-        QTRY_VERIFY(typed.isReady());
+        QTRY_VERIFY_WITH_TIMEOUT(typed.isReady(), 30000);
         typed.type("vxsettingsctl " + keys + "\t\t");
         for (int i = 0; i < numbers.size(); ++i) {
             const QRegularExpression entry(numbers[i] + "  +(-- |\\()" + captions[i]);

@@ -9,8 +9,8 @@
 struct SettingChange
 {
     SettingAddress address;
-    QString before; ///< null for nothing
-    QString after;  ///< null for nothing
+    QString before = {}; ///< null for nothing
+    QString after = {};  ///< null for nothing
 
     /// Where the two texts under @p key differ: of a JSON setting each member whose value is another, in the order of
     /// its page, members that no editor shows behind them; of anything else the setting as a whole. A JSON text that

@@ -12,6 +12,9 @@ declare -A scales=(
     [tst_savefaults]=25
     [tst_serverfaults]=10
     [tst_diskfaults]=25
+    [tst_nastytexts]=10
+    [tst_baddatabases]=10
+    [tst_settingssequences]=200
 )
 tests=("$@")
 if ((${#tests[@]} == 0)); then

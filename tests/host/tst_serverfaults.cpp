@@ -347,6 +347,7 @@ void TestServerFaults::othersAreHeardAfterALoss()
     Limits limits = shortLimits;
     // Time for somebody else to save before the connection is back.
     limits.firstRetry = 600ms;
+    limits.lastRetry = 600ms;
     InstallationDatabase database(server->location(), Missing::Refuse, limits);
     const ConnectionLog connection(database);
     QStringList heard;

@@ -234,7 +234,7 @@ QVector<Call> sample(QVector<Call> calls, quint32 seed)
 {
     QRandomGenerator random(seed);
     std::shuffle(calls.begin(), calls.end(), random);
-    return calls.mid(0, 5);
+    return calls.mid(0, 4);
 }
 } // namespace
 

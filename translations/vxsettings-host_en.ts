@@ -385,6 +385,10 @@
         <source>не выбрано</source>
         <translation>none selected</translation>
     </message>
+    <message>
+        <source>«%1»</source>
+        <translation>“%1”</translation>
+    </message>
 </context>
 <context>
     <name>SettingsDifference</name>

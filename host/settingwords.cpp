@@ -73,7 +73,7 @@ bool isNoObject(const QString &key, const QString &text)
 
 QString quoted(const QString &text)
 {
-    return QStringLiteral("«%1»").arg(text);
+    return SettingWords::tr("«%1»").arg(text);
 }
 
 /// Fit for a list.

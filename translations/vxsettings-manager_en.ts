@@ -27,6 +27,18 @@
         <source>Изменено настроек: %1</source>
         <translation>Settings changed: %1</translation>
     </message>
+    <message>
+        <source>&amp;Прервать</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Больше не ждать. Изменения останутся несохранёнными</source>
+        <translation>Stop waiting. The changes stay unsaved</translation>
+    </message>
+    <message>
+        <source> (в другом месте тоже: %1)</source>
+        <translation> (elsewhere as well: %1)</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -37,10 +49,6 @@
     <message>
         <source>Показать версию программы.</source>
         <translation>Show the version of the program.</translation>
-    </message>
-    <message>
-        <source>Файл базы данных: sqlite:ПУТЬ или просто путь. Если файла нет, он создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных пользователя.</source>
-        <translation>The database file: sqlite:PATH or just a path. If there is no such file, it is created with sample settings. Without this option, the variable VXSETTINGS_DATABASE names the database; without that, it is a file in the user’s data folder.</translation>
     </message>
     <message>
         <source>Записать изображение каждой страницы (PNG) в папку ПАПКА. Дисплей не нужен.</source>
@@ -71,10 +79,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <translation>Unexpected argument: “%1”.</translation>
     </message>
     <message>
-        <source>Не указан файл базы данных.</source>
-        <translation>No database file is given.</translation>
-    </message>
-    <message>
         <source>Не указана папка для изображений.</source>
         <translation>No folder for the pictures is given.</translation>
     </message>
@@ -90,48 +94,20 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Нет такого языка: «%1». Языки: %2.</source>
         <translation>There is no such language: “%1”. The languages: %2.</translation>
     </message>
+    <message>
+        <source>База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ). Где её ещё нет, она создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных пользователя.</source>
+        <translation>The database: a file (sqlite:PATH, PATH) or a server (postgresql://USER@HOST:PORT/NAME). Where there is none yet, it is created with sample settings. Without this option, the variable VXSETTINGS_DATABASE names the database; without that, it is a file in the user’s data folder.</translation>
+    </message>
+    <message>
+        <source>Не указана база данных.</source>
+        <translation>No database is given.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>
     <message>
         <source>Настройки изменены в другом месте</source>
         <translation>Settings were changed elsewhere</translation>
-    </message>
-    <message>
-        <source>Пока вы редактировали настройки, эти параметры изменила другая программа. Ничего не записано.</source>
-        <translation>While you were editing, another program changed these settings. Nothing has been saved.</translation>
-    </message>
-    <message>
-        <source>Сейчас в базе данных:</source>
-        <translation>Now in the database:</translation>
-    </message>
-    <message>
-        <source>У вас:</source>
-        <translation>Yours:</translation>
-    </message>
-    <message>
-        <source>Было:</source>
-        <translation>Before:</translation>
-    </message>
-    <message>
-        <source>Различия</source>
-        <translation>Differences</translation>
-    </message>
-    <message>
-        <source>&amp;Записать мои</source>
-        <translation>&amp;Save mine</translation>
-    </message>
-    <message>
-        <source>Заменить значения в базе данных вашими</source>
-        <translation>Replace the values in the database with yours</translation>
-    </message>
-    <message>
-        <source>&amp;Перечитать базу</source>
-        <translation>&amp;Reload the database</translation>
-    </message>
-    <message>
-        <source>Взять значения из базы данных. Все ваши несохранённые изменения будут потеряны</source>
-        <translation>Take the values from the database. All your unsaved changes will be lost</translation>
     </message>
     <message>
         <source>&amp;Вернуться</source>
@@ -141,12 +117,76 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Ничего не записывать и продолжить</source>
         <translation>Save nothing and continue editing</translation>
     </message>
+    <message>
+        <source>пользователь %1</source>
+        <translation>user %1</translation>
+    </message>
+    <message>
+        <source>рабочее место %1</source>
+        <translation>workstation %1</translation>
+    </message>
+    <message>
+        <source>программа %1</source>
+        <translation>program %1</translation>
+    </message>
+    <message>
+        <source>Кто изменил, не известно</source>
+        <translation>Who changed it is not known</translation>
+    </message>
+    <message>
+        <source>Пока вы редактировали настройки, эти параметры изменил кто-то другой. Ничего не записано. Выберите, какое значение оставить.</source>
+        <translation>While you were editing, somebody else changed these settings. Nothing has been saved. Choose which value to keep.</translation>
+    </message>
+    <message>
+        <source>Было: %1</source>
+        <translation>Before: %1</translation>
+    </message>
+    <message>
+        <source>Взять из базы данных</source>
+        <translation>Take it from the database</translation>
+    </message>
+    <message>
+        <source>Записать моё</source>
+        <translation>Save mine</translation>
+    </message>
+    <message>
+        <source>Все из &amp;базы</source>
+        <translation>All from the &amp;database</translation>
+    </message>
+    <message>
+        <source>Все &amp;мои</source>
+        <translation>All &amp;mine</translation>
+    </message>
+    <message>
+        <source>&amp;Записать выбранное</source>
+        <translation>&amp;Save the selection</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>%1[*] — Настройки базы данных</source>
         <translation>%1[*] – Database settings</translation>
+    </message>
+    <message>
+        <source>%1 Изменения можно будет сохранить, когда связь восстановится.</source>
+        <translation>%1 The changes can be saved when the connection is back.</translation>
+    </message>
+    <message>
+        <source>Сохранение…</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>База данных занята другой программой. Ожидание…</source>
+        <translation>The database is in use by another program. Waiting…</translation>
+    </message>
+    <message>
+        <source>Выясняется, записаны ли изменения…</source>
+        <translation>Finding out whether the changes were saved…</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Соединение…</source>
+        <translation>There is no connection to the database. Connecting…</translation>
     </message>
 </context>
 <context>
@@ -227,6 +267,56 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Неизвестно, записаны ли изменения. Когда связь восстановится, записанное перестанет отмечаться как изменённое.</source>
+        <translation>It is unknown whether the changes were saved. When the connection is back, what was saved will no longer be marked as changed.</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Найдено: %1. %2</source>
+        <translation>Found: %1. %2</translation>
+    </message>
+    <message>
+        <source>Поиск настроек (%1)</source>
+        <translation>Search settings (%1)</translation>
+    </message>
+    <message>
+        <source>Поиск настроек</source>
+        <translation>Search settings</translation>
+    </message>
+    <message>
+        <source>По названиям, вариантам, подсказкам, ключам и близким по смыслу словам, на русском и английском языках</source>
+        <translation>In names, choices, tool tips, keys and words of similar meaning, in Russian and English</translation>
+    </message>
+    <message>
+        <source>Изменённые (%1)</source>
+        <translation>Changed (%1)</translation>
+    </message>
+    <message>
+        <source>Показывать только настройки с несохранёнными изменениями</source>
+        <translation>Show only settings with unsaved changes</translation>
+    </message>
+    <message>
+        <source>С ошибками (%1)</source>
+        <translation>With problems (%1)</translation>
+    </message>
+    <message>
+        <source>Показывать только настройки, с которыми что-то не так</source>
+        <translation>Show only settings with which something is wrong</translation>
+    </message>
+</context>
+<context>
+    <name>SearchResults</name>
+    <message>
+        <source>Результаты поиска</source>
+        <translation>Search results</translation>
+    </message>
+    <message>
+        <source>Ничего не найдено</source>
+        <translation>Nothing found</translation>
     </message>
 </context>
 <context>

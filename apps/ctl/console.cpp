@@ -2,6 +2,8 @@
 
 #include "texttable.h"
 
+#include <qtcompat.h>
+
 #include <QTextStream>
 
 #include <cstdio>
@@ -9,7 +11,7 @@
 bool Console::print(const QString &text)
 {
     QTextStream out(stdout);
-    out.setCodec("UTF-8");
+    qtcompat::setUtf8(out);
     out << text;
     out.flush();
     return out.status() == QTextStream::Ok && fflush(stdout) == 0;
@@ -18,7 +20,7 @@ bool Console::print(const QString &text)
 void Console::tell(const QString &message)
 {
     QTextStream err(stderr);
-    err.setCodec("UTF-8");
+    qtcompat::setUtf8(err);
     for (const QString &line : message.split(QLatin1Char('\n')))
         err << TextTable::visible(line) << '\n';
 }

@@ -4,8 +4,9 @@
 
 #include <vxsettings/vxsettings_version.h>
 
+#include <qtcompat.h>
+
 #include <QCoreApplication>
-#include <QLibraryInfo>
 #include <QTranslator>
 
 int main(int argc, char *argv[])
@@ -18,7 +19,7 @@ int main(int argc, char *argv[])
 
     // The toolkit's own texts in the language of the program's; without the file they are English.
     QTranslator toolkitTexts;
-    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), qtcompat::translationsFolder()))
         QCoreApplication::installTranslator(&toolkitTexts);
 
     return Ctl::run(QCoreApplication::arguments());

@@ -6,10 +6,11 @@
 
 #include <vxsettings/vxsettings_version.h>
 
+#include <qtcompat.h>
+
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
-#include <QLibraryInfo>
 #include <QTranslator>
 
 #include <algorithm>
@@ -65,7 +66,7 @@ void followScreenScale()
 {
     if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
         return;
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    qtcompat::useHighDpiScaling();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
@@ -93,13 +94,13 @@ int main(int argc, char *argv[])
         return ExitFailed;
     }
     followScreenScale();
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    qtcompat::useHighDpiPixmaps();
     const QApplication app(argc, argv);
     setUpApplication();
 
     // The toolkit's own texts in the language of the program's; without the file they are English.
     QTranslator toolkitTexts;
-    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), qtcompat::translationsFolder()))
         QCoreApplication::installTranslator(&toolkitTexts);
 
     const CommandLine commandLine(QCoreApplication::arguments());

@@ -59,6 +59,13 @@ std::optional<DatabaseError> DatabaseFile::problem() const
     // A transaction needs files of its own beside the database.
     if (!QFileInfo(info.absolutePath()).isWritable())
         return error(tr("Папка файла доступна только для чтения."), rights);
+    // Opening a pipe would wait for somebody at its other end.
+    for (const char *suffix : {"-wal", "-journal", "-shm"}) {
+        const QFileInfo log(m_path + QLatin1String(suffix));
+        if (log.exists() && !log.isFile())
+            return error(tr("Рядом лежит «%1», и это не обычный файл.").arg(log.filePath()),
+                         tr("На этом месте база данных хранит свой журнал. Уберите то, что там лежит."));
+    }
     return {};
 }
 

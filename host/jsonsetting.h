@@ -1,11 +1,12 @@
 #pragma once
 
+#include <host/jsonmembers.h>
+
+#include <QHash>
 #include <QString>
 
-#include <map>
-
-/// The text of a JSON setting, taken apart so far that a member can be replaced while the others stay as they are
-/// written, letter by letter.
+/// The text of a JSON setting, of which single members are replaced while the others stay as they are written, letter
+/// by letter.
 class JsonSetting
 {
 public:
@@ -15,26 +16,19 @@ public:
         Unreadable, ///< anything else: another text, or an object in which a name occurs twice
     };
 
-    explicit JsonSetting(const QString &text);
+    /// Member name → text.
+    using Texts = QHash<QString, QString>;
+
+    explicit JsonSetting(const QString &stored);
 
     State state() const;
 
-    /// What to store instead of @p stored when a page that gave @p baseline now gives @p current, both objects of
-    /// texts: the stored object with the members replaced that differ between the two. Where no object is stored, all
-    /// members of the page.
-    static QString merged(const QString &stored, const QString &baseline, const QString &current);
+    /// What to store instead: the object with the members of @p edited replaced, each by a JSON string. Where there is
+    /// no member to keep, those of @p shown, which is what a page shows without these edits, come with them. Of several
+    /// members of one name the last is kept.
+    QString merged(const Texts &edited, const Texts &shown) const;
 
 private:
-    /// Member name → its name and its value as they are written.
-    struct Member
-    {
-        QString name;
-        QString value;
-    };
-    using Members = std::map<QString, Member>;
-
-    QString text() const;
-
-    Members m_members;
+    JsonMembers m_members;
     State m_state;
 };

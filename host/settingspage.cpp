@@ -5,17 +5,23 @@
 #include <vxsettings/dbsettingsgroupfactory.h>
 #include <vxsettings/dbsettingshelper.h>
 
-using vantorix::OBJECT_PARAMETERS;
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+QString SettingsPage::Parameter::shown() const
+{
+    return editor->value().toString();
+}
 
 SettingsPage::SettingsPage(DBGroups group, QWidget *parent)
     : m_group(group)
     , m_tree(DBSettingsGroupFactory::create(group, parent, nullptr))
 {
-    // A stored text that its editor cannot show, such as an unknown choice, could not be reverted to.
-    accept();
-    for (DBParamWidget *editor : widget()->findChildren<DBParamWidget *>()) {
-        switchDependents(editor->key());
-        follow(editor);
+    addParameters(*tree(), {});
+    for (const Parameter &parameter : m_parameters) {
+        switchDependents(parameter.address.parameter());
+        listen(parameter);
     }
 }
 
@@ -36,58 +42,163 @@ QWidget *SettingsPage::widget() const
     return m_tree ? m_tree->widget().get() : nullptr;
 }
 
-OBJECT_PARAMETERS SettingsPage::changes() const
+QVector<SettingAddress> SettingsPage::addresses() const
 {
-    OBJECT_PARAMETERS changed;
+    QVector<SettingAddress> addresses;
     if (!widget())
-        return changed;
-    const OBJECT_PARAMETERS shown = m_tree->parameters();
-    for (auto value = shown.begin(); value != shown.end(); ++value) {
-        if (value.value() != m_baseline.value(value.key()))
-            changed.insert(value.key(), value.value());
+        return addresses;
+    for (const Parameter &parameter : m_parameters)
+        addresses.append(parameter.address);
+    return addresses;
+}
+
+QVector<SettingAddress> SettingsPage::addresses(const QString &key) const
+{
+    QVector<SettingAddress> addresses = this->addresses();
+    const auto isOther = [&key](const SettingAddress &address) { return address.key != key; };
+    addresses.erase(std::remove_if(addresses.begin(), addresses.end(), isOther), addresses.end());
+    return addresses;
+}
+
+DBParamWidget *SettingsPage::editor(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter ? parameter->editor.data() : nullptr;
+}
+
+QString SettingsPage::shown(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter ? parameter->shown() : QString();
+}
+
+QString SettingsPage::baseline(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter ? parameter->baseline : QString();
+}
+
+bool SettingsPage::isChanged(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter && parameter->isChanged();
+}
+
+QVector<SettingAddress> SettingsPage::changed() const
+{
+    QVector<SettingAddress> changed;
+    for (const SettingAddress &address : addresses()) {
+        if (isChanged(address))
+            changed.append(address);
     }
     return changed;
 }
 
-OBJECT_PARAMETERS SettingsPage::baseline() const
+bool SettingsPage::edit(const SettingAddress &address, const QString &text)
 {
-    return m_baseline;
+    Parameter *parameter = find(address);
+    if (!parameter)
+        return false;
+    show(*parameter, text);
+    return parameter->shown() == text;
 }
 
-void SettingsPage::accept()
+void SettingsPage::insist(const SettingAddress &address)
 {
-    if (!widget())
+    if (Parameter *parameter = find(address))
+        parameter->isInsistedOn = true;
+}
+
+void SettingsPage::revert(const SettingAddress &address)
+{
+    if (Parameter *parameter = find(address))
+        showBaseline(*parameter);
+}
+
+void SettingsPage::accept(const SettingAddress &address, const QString &text)
+{
+    Parameter *parameter = find(address);
+    if (!parameter)
         return;
-    m_tree->updateDefaultValue();
-    m_baseline = m_tree->parameters();
-    Q_EMIT edited();
+    parameter->baseline = text;
+    parameter->isInsistedOn = false;
 }
 
-void SettingsPage::revert()
+void SettingsPage::follow(const SettingAddress &address, const QString &text)
 {
-    m_tree->setDefaultValue();
-    // Not every editor says so when it is reverted.
-    Q_EMIT edited();
+    Parameter *parameter = find(address);
+    if (!parameter)
+        return;
+    const bool isChanged = parameter->isChanged();
+    parameter->baseline = text;
+    if (!isChanged)
+        showBaseline(*parameter);
 }
 
-void SettingsPage::follow(DBParamWidget *editor)
+void SettingsPage::addParameters(DBSettingsGroup &group, const QString &jsonKey)
 {
-    connect(editor, &DBParamWidget::paramChanged, this, [this](const QString &key) {
-        switchDependents(key);
-        Q_EMIT edited();
+    for (const auto &node : group.settings()) {
+        if (node->isGroup()) {
+            addParameters(*node->toGroup(), node->parameters().keys().constFirst());
+            continue;
+        }
+        auto *editor = qobject_cast<DBParamWidget *>(node->widget().get());
+        const SettingAddress address =
+            jsonKey.isEmpty() ? SettingAddress{editor->key()} : SettingAddress{jsonKey, editor->key()};
+        m_parameters.push_back({address, editor, editor->value().toString()});
+    }
+}
+
+void SettingsPage::listen(const Parameter &parameter)
+{
+    connect(parameter.editor, &DBParamWidget::paramChanged, this, [this, address = parameter.address] {
+        switchDependents(address.parameter());
+        Parameter *touched = find(address);
+        if (!m_isTyping || !touched)
+            return;
+        touched->isInsistedOn = false;
+        Q_EMIT edited(address);
     });
 }
 
-void SettingsPage::switchDependents(const QString &key)
+void SettingsPage::show(Parameter &parameter, const QString &text)
+{
+    const QScopedValueRollback<bool> quiet(m_isTyping, false);
+    parameter.editor->setValue(text);
+}
+
+void SettingsPage::showBaseline(Parameter &parameter)
+{
+    parameter.isInsistedOn = false;
+    if (!parameter.isChanged())
+        return;
+    show(parameter, parameter.baseline);
+    // An object that is gone by now cannot be chosen again.
+    parameter.baseline = parameter.shown();
+}
+
+void SettingsPage::switchDependents(const QString &parameter)
 {
     if (!widget())
         return;
-    const QVariant value = tree()->paramValue(key);
-    for (const QString &child : DBSettingsHelper::paramChilds(key))
-        tree()->setParamEnabled(child, DBSettingsHelper::paramChildIsEnabled(key, value, child));
+    const QVariant value = tree()->paramValue(parameter);
+    for (const QString &child : DBSettingsHelper::paramChilds(parameter))
+        tree()->setParamEnabled(child, DBSettingsHelper::paramChildIsEnabled(parameter, value, child));
 }
 
 DBSettingsGroup *SettingsPage::tree() const
 {
     return m_tree->toGroup();
+}
+
+const SettingsPage::Parameter *SettingsPage::find(const SettingAddress &address) const
+{
+    const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
+                                    [&address](const Parameter &parameter) { return parameter.address == address; });
+    return found != m_parameters.end() && found->editor && widget() ? &*found : nullptr;
+}
+
+SettingsPage::Parameter *SettingsPage::find(const SettingAddress &address)
+{
+    return const_cast<Parameter *>(qAsConst(*this).find(address));
 }

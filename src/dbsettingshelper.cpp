@@ -1,11 +1,11 @@
 #include <vxsettings/dbsettingshelper.h>
+#include <vxsettings/dbsettingslanguage.h>
 
 #include "catalogue.h"
 #include "dbsc.h"
 
 #include <qtcompat.h>
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QVariant>
 
@@ -23,10 +23,10 @@ void reportMiss(const LogPoint &point, const QString &key)
         point().critical() << "dbsettings does not contain parameter" << key;
 }
 
-/// @p text in the language installed now; null for a row without that text.
+/// Null for a row without that text.
 QString translated(const char *text)
 {
-    return text ? QCoreApplication::translate("QObject", text) : QString();
+    return text ? DBSettingsLanguage::translated(text) : QString();
 }
 } // namespace
 

@@ -7,10 +7,13 @@
 ChangeBar::ChangeBar(QWidget *parent)
     : QWidget(parent)
     , m_label(new QLabel(this))
+    , m_cancel(new QPushButton(tr("&Прервать"), this))
     , m_revert(new QPushButton(tr("&Отменить"), this))
     , m_save(new QPushButton(tr("&Сохранить"), this))
 {
     m_label->setObjectName(QStringLiteral("changeLabel"));
+    m_cancel->setObjectName(QStringLiteral("cancelButton"));
+    m_cancel->setToolTip(tr("Больше не ждать. Изменения останутся несохранёнными"));
     m_revert->setObjectName(QStringLiteral("revertButton"));
     m_revert->setToolTip(tr("Вернуть сохранённые значения на всех страницах"));
     m_save->setObjectName(QStringLiteral("saveButton"));
@@ -18,22 +21,42 @@ ChangeBar::ChangeBar(QWidget *parent)
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_label, 1);
-    layout->addWidget(m_revert);
-    layout->addWidget(m_save);
+    for (QPushButton *button : {m_cancel, m_revert, m_save})
+        layout->addWidget(button);
+    connect(m_cancel, &QPushButton::clicked, this, &ChangeBar::cancelRequested);
     connect(m_revert, &QPushButton::clicked, this, &ChangeBar::revertRequested);
     connect(m_save, &QPushButton::clicked, this, &ChangeBar::saveRequested);
-    setChangeCount(0);
+    showState();
 }
 
-void ChangeBar::setChangeCount(int count)
+void ChangeBar::setChangeCount(int count, int conflictCount)
 {
-    m_label->setText(count == 0 ? tr("Несохранённых изменений нет") : tr("Изменено настроек: %1").arg(count));
-    m_revert->setEnabled(count > 0);
-    m_save->setEnabled(count > 0);
+    m_count = count;
+    m_conflictCount = conflictCount;
+    showState();
+}
+
+void ChangeBar::setProgress(const QString &progress)
+{
+    m_progress = progress;
+    showState();
 }
 
 void ChangeBar::followInTabOrder(QWidget *widget)
 {
-    setTabOrder(widget, m_revert);
+    setTabOrder(widget, m_cancel);
+    setTabOrder(m_cancel, m_revert);
     setTabOrder(m_revert, m_save);
+}
+
+void ChangeBar::showState()
+{
+    const bool isSaving = !m_progress.isNull();
+    QString text = m_count == 0 ? tr("Несохранённых изменений нет") : tr("Изменено настроек: %1").arg(m_count);
+    if (m_conflictCount > 0)
+        text += tr(" (в другом месте тоже: %1)").arg(m_conflictCount);
+    m_label->setText(isSaving ? m_progress : text);
+    m_cancel->setVisible(isSaving);
+    m_revert->setEnabled(m_count > 0 && !isSaving);
+    m_save->setEnabled(m_count > 0 && !isSaving);
 }

@@ -13,17 +13,28 @@ class ChangeBar : public QWidget
 public:
     explicit ChangeBar(QWidget *parent = nullptr);
 
-    /// @p count is the number of settings that differ from what is stored.
-    void setChangeCount(int count);
+    /// @p count is the number of settings that differ from what is stored, @p conflictCount of those among them that
+    /// others have changed too.
+    void setChangeCount(int count, int conflictCount);
+    /// While a save is under way: what it is doing; null when it has ended. Meanwhile there is nothing to do but to
+    /// cancel it.
+    void setProgress(const QString &progress);
     /// Makes the buttons follow @p widget in the tab order.
     void followInTabOrder(QWidget *widget);
 
 Q_SIGNALS:
     void saveRequested();
     void revertRequested();
+    void cancelRequested();
 
 private:
+    void showState();
+
     QLabel *m_label;
+    QPushButton *m_cancel;
     QPushButton *m_revert;
     QPushButton *m_save;
+    QString m_progress;
+    int m_count = 0;
+    int m_conflictCount = 0;
 };

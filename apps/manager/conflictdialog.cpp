@@ -3,70 +3,141 @@
 #include <host/settingwords.h>
 
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
-#include <QTextBrowser>
+#include <QRadioButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
-constexpr QSize initialSize(640, 360);
+constexpr QSize initialSize(640, 480);
 
-/// A line of a table in HTML.
-QString row(const QString &label, const QString &key, const QString &text)
+QLabel *plainLabel(const QString &text, QWidget *parent)
 {
-    return QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td>%2</td></tr>")
-        .arg(label.toHtmlEscaped(), SettingWords::value(key, text).toHtmlEscaped());
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+/// Who changed the setting, where and when, as far as that is known.
+QString words(const ChangeStamp &stamp)
+{
+    QStringList parts;
+    if (!stamp.by.isEmpty())
+        parts << ConflictDialog::tr("пользователь %1").arg(stamp.by);
+    if (!stamp.workstation.isEmpty())
+        parts << ConflictDialog::tr("рабочее место %1").arg(stamp.workstation);
+    if (!stamp.program.isEmpty())
+        parts << ConflictDialog::tr("программа %1").arg(stamp.program);
+    if (stamp.at.isValid())
+        parts << QLocale().toString(stamp.at.toLocalTime(), QLocale::ShortFormat);
+    return parts.isEmpty() ? ConflictDialog::tr("Кто изменил, не известно") : parts.join(QStringLiteral(", "));
 }
 } // namespace
 
-ConflictDialog::ConflictDialog(const QVector<SettingConflict> &conflicts, QWidget *parent)
+ConflictDialog::ConflictDialog(const QVector<SettingsSession::Conflict> &conflicts, QWidget *parent)
     : QDialog(parent)
 {
     setWindowTitle(tr("Настройки изменены в другом месте"));
-    auto *explanation = new QLabel(tr("Пока вы редактировали настройки, эти параметры изменила другая программа. "
-                                      "Ничего не записано."),
-                                   this);
-    explanation->setWordWrap(true);
-
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(explanation);
-    layout->addWidget(createValues(conflicts));
+    layout->addWidget(plainLabel(tr("Пока вы редактировали настройки, эти параметры изменил кто-то другой. "
+                                    "Ничего не записано. Выберите, какое значение оставить."),
+                                 this));
+    layout->addWidget(createRows(conflicts), 1);
     layout->addWidget(createButtons());
+    showWhetherDecided();
     resize(initialSize);
 }
 
-QWidget *ConflictDialog::createValues(const QVector<SettingConflict> &conflicts)
+QVector<ConflictDialog::Choice> ConflictDialog::choices() const
 {
-    QString html;
-    for (const SettingConflict &conflict : conflicts) {
-        html += QStringLiteral("<p><b>%1</b></p><table>").arg(SettingWords::caption(conflict.key).toHtmlEscaped()) +
-                row(tr("Сейчас в базе данных:"), conflict.key, conflict.stored) +
-                row(tr("У вас:"), conflict.key, conflict.wanted) + row(tr("Было:"), conflict.key, conflict.loaded) +
-                QStringLiteral("</table>");
+    QVector<Choice> choices;
+    for (const Row &row : m_rows)
+        choices.append(row.mine->isChecked() ? Choice::Mine : Choice::Theirs);
+    return choices;
+}
+
+QWidget *ConflictDialog::createRows(const QVector<SettingsSession::Conflict> &conflicts)
+{
+    auto *area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto *rows = new QWidget;
+    auto *layout = new QVBoxLayout(rows);
+    for (const SettingsSession::Conflict &conflict : conflicts)
+        layout->addWidget(createRow(conflict));
+    layout->addStretch(1);
+    area->setWidget(rows);
+    return area;
+}
+
+QWidget *ConflictDialog::createRow(const SettingsSession::Conflict &conflict)
+{
+    const auto value = [&conflict](const QString &text) {
+        return SettingWords::value(conflict.address.parameter(), text);
+    };
+    auto *box = new QGroupBox(conflict.address.caption());
+    new QVBoxLayout(box);
+    box->layout()->addWidget(plainLabel(tr("Было: %1").arg(value(conflict.base)), box));
+    const Row row{createChoice(tr("Взять из базы данных"), value(conflict.theirs), words(conflict.stamp), box),
+                  createChoice(tr("Записать моё"), value(conflict.mine), {}, box)};
+    m_rows.append(row);
+    return box;
+}
+
+QRadioButton *ConflictDialog::createChoice(const QString &label, const QString &value, const QString &explanation,
+                                           QWidget *parent)
+{
+    auto *choice = new QRadioButton(label, parent);
+    choice->setAccessibleDescription(value + QLatin1Char(' ') + explanation);
+    connect(choice, &QRadioButton::toggled, this, &ConflictDialog::showWhetherDecided);
+
+    parent->layout()->addWidget(choice);
+    for (const QString &line : {value, explanation}) {
+        QLabel *text = plainLabel(line, parent);
+        text->setIndent(2 * fontMetrics().height());
+        text->setVisible(!line.isEmpty());
+        parent->layout()->addWidget(text);
     }
-    auto *values = new QTextBrowser(this);
-    values->setHtml(html);
-    values->setAccessibleName(tr("Различия"));
-    return values;
+    return choice;
 }
 
 QWidget *ConflictDialog::createButtons()
 {
     auto *buttons = new QDialogButtonBox(this);
-    const auto add = [&](const QString &text, const QString &toolTip, QDialogButtonBox::ButtonRole role,
-                         Answer answer) {
-        QPushButton *button = buttons->addButton(text, role);
-        button->setToolTip(toolTip);
-        connect(button, &QPushButton::clicked, this, [this, answer] { done(answer); });
-        return button;
+    const auto addAll = [&](const QString &text, Choice choice) {
+        QPushButton *button = buttons->addButton(text, QDialogButtonBox::ActionRole);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, choice] { chooseAll(choice); });
     };
-    add(tr("&Записать мои"), tr("Заменить значения в базе данных вашими"), QDialogButtonBox::AcceptRole, Overwrite);
-    add(tr("&Перечитать базу"), tr("Взять значения из базы данных. Все ваши несохранённые изменения будут потеряны"),
-        QDialogButtonBox::DestructiveRole, Reload);
-    QPushButton *stay =
-        add(tr("&Вернуться"), tr("Ничего не записывать и продолжить"), QDialogButtonBox::RejectRole, Stay);
+    addAll(tr("Все из &базы"), Choice::Theirs);
+    addAll(tr("Все &мои"), Choice::Mine);
+    m_accept = buttons->addButton(tr("&Записать выбранное"), QDialogButtonBox::AcceptRole);
+    QPushButton *stay = buttons->addButton(tr("&Вернуться"), QDialogButtonBox::RejectRole);
+    stay->setToolTip(tr("Ничего не записывать и продолжить"));
     stay->setDefault(true);
     stay->setFocus();
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     return buttons;
+}
+
+void ConflictDialog::chooseAll(Choice choice)
+{
+    for (const Row &row : qAsConst(m_rows))
+        (choice == Choice::Mine ? row.mine : row.theirs)->setChecked(true);
+}
+
+void ConflictDialog::showWhetherDecided()
+{
+    const bool isDecided = std::all_of(m_rows.begin(), m_rows.end(),
+                                       [](const Row &row) { return row.theirs->isChecked() || row.mine->isChecked(); });
+    m_accept->setEnabled(isDecided);
 }

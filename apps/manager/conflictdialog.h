@@ -1,24 +1,43 @@
 #pragma once
 
-#include <host/saveresult.h>
+#include <host/settingssession.h>
 
 #include <QDialog>
 
-/// Shows what others have stored beside what was to be saved, and asks which of them to keep.
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+/// Shows what others have stored beside what was to be saved, and asks of each parameter which of the two is to stay.
+///
+/// Accepted only once everything is decided; nothing is decided beforehand.
 class ConflictDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    enum Answer {
-        Stay = Rejected, ///< back to the pages, nothing is written
-        Overwrite,       ///< write the user's values over those of the others
-        Reload,          ///< take the others' values, drop every edit
-    };
+    enum class Choice { Theirs, Mine };
 
-    explicit ConflictDialog(const QVector<SettingConflict> &conflicts, QWidget *parent = nullptr);
+    explicit ConflictDialog(const QVector<SettingsSession::Conflict> &conflicts, QWidget *parent = nullptr);
+
+    /// Of an accepted dialog, one for each conflict.
+    QVector<Choice> choices() const;
 
 private:
-    QWidget *createValues(const QVector<SettingConflict> &conflicts);
+    /// The two buttons of a conflict.
+    struct Row
+    {
+        QRadioButton *theirs;
+        QRadioButton *mine;
+    };
+
+    QWidget *createRows(const QVector<SettingsSession::Conflict> &conflicts);
+    QWidget *createRow(const SettingsSession::Conflict &conflict);
+    QRadioButton *createChoice(const QString &label, const QString &value, const QString &explanation, QWidget *parent);
     QWidget *createButtons();
+    void chooseAll(Choice choice);
+    void showWhetherDecided();
+
+    QVector<Row> m_rows;
+    QPushButton *m_accept = nullptr;
 };

@@ -6,21 +6,21 @@
 #include "pagelist.h"
 #include "savequestions.h"
 
-#include <host/settingscontroller.h>
 #include <host/settingspages.h>
+#include <host/settingssession.h>
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDir>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSettings>
 #include <QStackedWidget>
+#include <QTimer>
 
 namespace {
 
 constexpr QSize initialSize(1024, 700);
+constexpr int noticeMargin = 6;
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString pageKey = QStringLiteral("window/page");
 
@@ -42,22 +42,34 @@ QString nameOf(DBGroups group)
 }
 } // namespace
 
-MainWindow::MainWindow(SettingsController &controller, const QString &databasePath, QWidget *parent)
+MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent)
     : QMainWindow(parent)
-    , m_controller(controller)
+    , m_database(database)
+    , m_session(session)
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
+    , m_notice(new QLabel)
     , m_bar(new ChangeBar)
 {
-    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(QFileInfo(databasePath).fileName()));
+    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(database.location().shortName()));
     setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
     setCentralWidget(createCentralWidget());
     createActions();
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);
-    connect(m_bar, &ChangeBar::revertRequested, this, &MainWindow::revert);
-    connect(&m_controller, &SettingsController::edited, this, &MainWindow::showChanges);
+    connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
+    connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
+    connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
+    // Not from within the signal, which a dialog would hold up.
+    connect(&m_session, &SettingsSession::saveFinished, this,
+            [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
+    connect(&m_database, &InstallationDatabase::waiting, this, &MainWindow::showProgress);
+    connect(&m_database, &InstallationDatabase::connectionLost, this, [this](const DatabaseError &error) {
+        m_notice->setText(tr("%1 Изменения можно будет сохранить, когда связь восстановится.").arg(error.reason));
+        m_notice->show();
+    });
+    connect(&m_database, &InstallationDatabase::connectionRestored, m_notice, &QWidget::hide);
 
     restoreView();
     showPage(m_list->chosen());
@@ -77,8 +89,14 @@ QWidget *MainWindow::createCentralWidget()
     rows->setSpacing(0);
     rows->addLayout(columns, 1);
     rows->addWidget(line(QFrame::HLine));
+    rows->addWidget(m_notice);
     rows->addWidget(m_bar);
     m_list->setFrameShape(QFrame::NoFrame);
+    m_notice->setObjectName(QStringLiteral("noticeLabel"));
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setWordWrap(true);
+    m_notice->setMargin(noticeMargin);
+    m_notice->hide();
     return central;
 }
 
@@ -101,7 +119,7 @@ void MainWindow::showPage(DBGroups group)
 PageArea *MainWindow::createPage(DBGroups group)
 {
     auto *area = new PageArea;
-    area->setPage(m_controller.openPage(group, area->canvas()));
+    area->setPage(m_session.openPage(group, area->canvas()));
     m_stack->addWidget(area);
     // What is built last is last in the tab order, and belongs between the list and the bar.
     QWidget *last = previousInFocusChain();
@@ -113,73 +131,124 @@ PageArea *MainWindow::createPage(DBGroups group)
 
 void MainWindow::showChanges()
 {
-    const int count = m_controller.changes().count();
+    const int count = m_session.changedAddresses().count();
     setWindowModified(count > 0);
-    m_bar->setChangeCount(count);
+    m_bar->setChangeCount(count, m_session.conflicts().count());
     for (const SettingsPageName &page : settingsPages)
-        m_list->setChanged(page.group, m_controller.hasChanges(page.group));
+        m_list->setChanged(page.group, m_session.hasChanges(page.group));
 }
 
-bool MainWindow::save()
+void MainWindow::save()
 {
-    SettingsController::Consent consent;
-    for (;;) {
-        const SaveResult result = m_controller.save(consent);
-        switch (result.outcome) {
-        case SaveResult::Outcome::NothingToDo:
-        case SaveResult::Outcome::Saved:
-            return true;
-        case SaveResult::Outcome::Failed:
-        case SaveResult::Outcome::Unknown:
-            SaveQuestions::showError(this, *result.error);
-            return false;
-        case SaveResult::Outcome::Unreadable:
-            if (!SaveQuestions::replaceUnreadable(this, result.unreadableKeys))
-                return false;
-            consent.replaceUnreadable = true;
-            break;
-        case SaveResult::Outcome::Conflicting:
-            switch (ConflictDialog(result.conflicts, this).exec()) {
-            case ConflictDialog::Overwrite:
-                consent.overwritten += result.conflicts;
-                break;
-            case ConflictDialog::Reload:
-                reload();
-                return !m_controller.hasChanges();
-            default:
-                return false;
-            }
-        }
-    }
+    m_bar->setProgress(tr("Сохранение…"));
+    m_session.save();
 }
 
-void MainWindow::revert()
+void MainWindow::saveReplacingUnreadable(const QStringList &keys)
 {
-    m_controller.revert();
-}
-
-void MainWindow::reload()
-{
-    if (auto error = m_controller.load()) {
-        SaveQuestions::showError(this, *error);
+    if (!SaveQuestions::replaceUnreadable(this, keys)) {
+        stay();
         return;
     }
-    qDeleteAll(m_areas);
-    m_areas.clear();
-    showPage(m_list->chosen());
+    m_bar->setProgress(tr("Сохранение…"));
+    m_session.save({}, SettingsSession::Unreadable::Replace);
+}
+
+void MainWindow::showProgress(InstallationDatabase::Wait wait)
+{
+    if (!m_session.isSaving())
+        return;
+    switch (wait) {
+    case InstallationDatabase::Wait::Busy:
+        m_bar->setProgress(tr("База данных занята другой программой. Ожидание…"));
+        break;
+    case InstallationDatabase::Wait::Resolving:
+        m_bar->setProgress(tr("Выясняется, записаны ли изменения…"));
+        break;
+    case InstallationDatabase::Wait::Connecting:
+        m_bar->setProgress(tr("Нет связи с базой данных. Соединение…"));
+        break;
+    }
+}
+
+void MainWindow::finishSave(const SaveResult &result)
+{
+    m_bar->setProgress({});
+    switch (result.outcome) {
+    case SaveResult::Outcome::NothingToDo:
+    case SaveResult::Outcome::Saved:
+        if (m_isLeaving)
+            close();
+        break;
+    case SaveResult::Outcome::Failed:
+        explainFailure(*result.error);
+        break;
+    case SaveResult::Outcome::Unknown:
+        stay();
+        SaveQuestions::showUnknown(this, *result.error);
+        break;
+    case SaveResult::Outcome::Unreadable:
+        saveReplacingUnreadable(result.unreadableKeys);
+        break;
+    case SaveResult::Outcome::Conflicting:
+        resolveConflicts();
+        break;
+    }
+}
+
+void MainWindow::explainFailure(const DatabaseError &error)
+{
+    stay();
+    if (error.kind != DatabaseError::Kind::Cancelled)
+        SaveQuestions::showError(this, error);
+}
+
+void MainWindow::resolveConflicts()
+{
+    const QVector<SettingsSession::Conflict> conflicts = m_session.conflicts();
+    ConflictDialog dialog(conflicts, this);
+    if (!conflicts.isEmpty() && dialog.exec() == QDialog::Rejected) {
+        stay();
+        return;
+    }
+    const QVector<ConflictDialog::Choice> choices = dialog.choices();
+    for (int i = 0; i < conflicts.count(); ++i) {
+        if (choices[i] == ConflictDialog::Choice::Theirs)
+            m_session.revert(conflicts[i].address);
+        else
+            (void)m_session.keepMine(conflicts[i]); // what has changed once more is asked for once more
+    }
+    save();
+}
+
+void MainWindow::stay()
+{
+    m_isLeaving = false;
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (m_controller.hasChanges()) {
-        const auto answer = SaveQuestions::leave(this, m_controller.changes().count());
-        if (answer == SaveQuestions::Leaving::Stay || (answer == SaveQuestions::Leaving::Save && !save())) {
-            event->ignore();
-            return;
-        }
+    if (!mayClose()) {
+        event->ignore();
+        return;
     }
     rememberView();
     event->accept();
+}
+
+bool MainWindow::mayClose()
+{
+    if (m_session.isSaving()) {
+        m_isLeaving = true;
+        return false;
+    }
+    if (!m_session.hasChanges())
+        return true;
+    const auto answer = SaveQuestions::leave(this, m_session.changedAddresses().count());
+    m_isLeaving = answer == SaveQuestions::Leaving::Save;
+    if (m_isLeaving)
+        save();
+    return answer == SaveQuestions::Leaving::Discard;
 }
 
 void MainWindow::restoreView()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <host/installationdatabase.h>
+
 #include <vxsettings/dbsettingstypes.h>
 
 #include <QHash>
@@ -8,8 +10,9 @@
 class ChangeBar;
 class PageArea;
 class PageList;
+class QLabel;
 class QStackedWidget;
-class SettingsController;
+class SettingsSession;
 
 /// The pages of an installation's settings, one at a time, and the bar that saves them.
 ///
@@ -19,8 +22,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// @p controller has loaded the database at @p databasePath, and lives longer.
-    MainWindow(SettingsController &controller, const QString &databasePath, QWidget *parent = nullptr);
+    /// @p session has loaded @p database; both live longer.
+    MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent = nullptr);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -32,18 +35,24 @@ private:
     PageArea *createPage(DBGroups group);
     void showChanges();
 
-    /// False if something is still unsaved.
-    bool save();
-    void revert();
-    /// Reads the database again and builds the pages anew.
-    void reload();
+    void save();
+    void saveReplacingUnreadable(const QStringList &keys);
+    void showProgress(InstallationDatabase::Wait wait);
+    void finishSave(const SaveResult &result);
+    void explainFailure(const DatabaseError &error);
+    void resolveConflicts();
+    void stay();
+    bool mayClose();
 
     void restoreView();
     void rememberView() const;
 
-    SettingsController &m_controller;
+    InstallationDatabase &m_database;
+    SettingsSession &m_session;
     PageList *m_list;
     QStackedWidget *m_stack;
+    QLabel *m_notice;
     ChangeBar *m_bar;
     QHash<int, PageArea *> m_areas; ///< by group
+    bool m_isLeaving = false;       ///< closes once everything is saved
 };

@@ -6,6 +6,7 @@
 #include "pagepictures.h"
 #include "savequestions.h"
 #include "selftest.h"
+#include "sessionwait.h"
 
 #include <QApplication>
 
@@ -22,7 +23,8 @@ bool hasScreen()
 Manager::Manager(const CommandLine &commandLine)
     : m_commandLine(commandLine)
     , m_location(DatabaseLocation::chosen(commandLine.database()))
-    , m_controller(m_store)
+    , m_database(m_location, InstallationDatabase::Missing::CreateSample)
+    , m_session(m_database)
     , m_out(stdout)
     , m_err(stderr)
 {}
@@ -45,7 +47,7 @@ int Manager::run()
     if (m_commandLine.theme())
         Theme::apply(*m_commandLine.theme());
     if (m_commandLine.isSelfTestWanted()) {
-        const ExitStatus status = SelfTest(m_location.filePath(), m_out, m_err).run();
+        const ExitStatus status = SelfTest(m_location, m_out, m_err).run();
         if (status != ExitDone || m_commandLine.pictureFolder().isNull())
             return status;
     }
@@ -69,18 +71,17 @@ int Manager::databaseError(const DatabaseError &error)
 
 int Manager::runOnDatabase()
 {
-    if (auto error = m_store.open(m_location))
-        return databaseError(*error);
-    if (auto error = m_controller.load())
+    if (auto error = SessionWait::load(m_session))
         return databaseError(*error);
     if (m_commandLine.isWindowWanted())
         return showWindow();
-    return PagePictures::write(m_controller, m_commandLine.pictureFolder(), m_out, m_err) ? ExitDone : ExitFailed;
+    return PagePictures::write(m_session, m_commandLine.pictureFolder(), m_out, m_err) ? ExitDone : ExitFailed;
 }
 
 int Manager::showWindow()
 {
-    MainWindow window(m_controller, m_location.filePath());
+    m_database.watch();
+    MainWindow window(m_database, m_session);
     window.show();
     return QApplication::exec();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <host/databaselocation.h>
-#include <host/settingscontroller.h>
-#include <host/settingsstore.h>
+#include <host/installationdatabase.h>
+#include <host/settingssession.h>
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -28,8 +28,8 @@ private:
 
     const CommandLine &m_commandLine;
     DatabaseLocation m_location;
-    SettingsStore m_store;
-    SettingsController m_controller;
+    InstallationDatabase m_database;
+    SettingsSession m_session;
     QTextStream m_out;
     QTextStream m_err;
 };

@@ -1,7 +1,7 @@
 #include "pagepictures.h"
 
-#include <host/settingscontroller.h>
 #include <host/settingspages.h>
+#include <host/settingssession.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -24,12 +24,12 @@ void fitToContent(QWidget &sheet)
     sheet.resize(sheetWidth, sheetHeight);
 }
 
-QPixmap picture(SettingsController &controller, DBGroups group)
+QPixmap picture(SettingsSession &session, DBGroups group)
 {
     QWidget sheet;
     sheet.setAttribute(Qt::WA_DontShowOnScreen);
     auto *layout = new QVBoxLayout(&sheet);
-    layout->addWidget(controller.openPage(group, &sheet));
+    layout->addWidget(session.openPage(group, &sheet));
 
     // Widgets have their final sizes and fonts only once they are shown.
     sheet.resize(width, 1);
@@ -42,7 +42,7 @@ QPixmap picture(SettingsController &controller, DBGroups group)
 }
 } // namespace
 
-bool PagePictures::write(SettingsController &controller, const QString &folder, QTextStream &out, QTextStream &err)
+bool PagePictures::write(SettingsSession &session, const QString &folder, QTextStream &out, QTextStream &err)
 {
     const QDir dir(folder);
     if (!dir.mkpath(QStringLiteral("."))) {
@@ -51,7 +51,7 @@ bool PagePictures::write(SettingsController &controller, const QString &folder, 
     }
     for (const SettingsPageName &page : settingsPages) {
         const QString path = dir.absoluteFilePath(QStringLiteral("%1.png").arg(QLatin1String(page.name)));
-        if (!picture(controller, page.group).save(path, "PNG")) {
+        if (!picture(session, page.group).save(path, "PNG")) {
             err << tr("Не удаётся записать файл «%1».").arg(path) << '\n';
             return false;
         }

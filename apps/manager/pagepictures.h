@@ -4,7 +4,7 @@
 #include <QString>
 
 class QTextStream;
-class SettingsController;
+class SettingsSession;
 
 /// Pictures of all pages. Nothing appears on a screen.
 class PagePictures
@@ -13,6 +13,6 @@ class PagePictures
 
 public:
     /// Writes a PNG a page into @p folder, which is made if there is none, and each path to @p out. False, and a
-    /// message on @p err, if a picture could not be written. No page of @p controller may be open.
-    static bool write(SettingsController &controller, const QString &folder, QTextStream &out, QTextStream &err);
+    /// message on @p err, if a picture could not be written. No page of @p session may be open.
+    static bool write(SettingsSession &session, const QString &folder, QTextStream &out, QTextStream &err);
 };

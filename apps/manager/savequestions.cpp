@@ -42,3 +42,14 @@ void SaveQuestions::showError(QWidget *parent, const DatabaseError &error)
     box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
     box.exec();
 }
+
+void SaveQuestions::showUnknown(QWidget *parent, const DatabaseError &error)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Ошибка базы данных"),
+                    tr("Неизвестно, записаны ли изменения. Когда связь восстановится, записанное перестанет "
+                       "отмечаться как изменённое."),
+                    QMessageBox::NoButton, parent);
+    box.setInformativeText(error.text());
+    box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
+    box.exec();
+}

@@ -20,4 +20,6 @@ public:
     /// What to do with @p count unsaved edits when the window closes.
     static Leaving leave(QWidget *parent, int count);
     static void showError(QWidget *parent, const DatabaseError &error);
+    /// The same for a save of which nobody knows whether it was stored.
+    static void showUnknown(QWidget *parent, const DatabaseError &error);
 };

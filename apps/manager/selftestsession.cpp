@@ -1,5 +1,7 @@
 #include "selftestsession.h"
 
+#include "sessionwait.h"
+
 #include <host/settingspages.h>
 
 #include <vxsettings/dbkeys.h>
@@ -77,24 +79,31 @@ QString storedKey(DBGroups group, const QString &key)
 }
 } // namespace
 
-SelfTestSession::SelfTestSession()
-    : m_controller(m_store)
+SelfTestSession::SelfTestSession(const QString &databasePath)
+    : m_database(DatabaseLocation::ofFile(databasePath), InstallationDatabase::Missing::CreateSample)
+    , m_settings(m_database)
 {}
 
-std::optional<DatabaseError> SelfTestSession::open(const QString &databasePath)
+std::optional<DatabaseError> SelfTestSession::open()
 {
-    if (auto error = m_store.open(DatabaseLocation::ofFile(databasePath)))
-        return error;
-    if (auto error = m_controller.load())
+    if (auto error = SessionWait::load(m_settings))
         return error;
     for (const SettingsPageName &page : settingsPages)
-        m_pages.insert(int(page.group), m_controller.openPage(page.group, &m_window));
+        m_pages.insert(int(page.group), m_settings.openPage(page.group, &m_window));
     return {};
 }
 
-SettingsController &SelfTestSession::controller()
+SaveResult SelfTestSession::save()
 {
-    return m_controller;
+    const SaveResult result = SessionWait::save(m_settings);
+    if (result.outcome != SaveResult::Outcome::Unreadable)
+        return result;
+    return SessionWait::save(m_settings, SettingsSession::Unreadable::Replace);
+}
+
+SettingsSession &SelfTestSession::settings()
+{
+    return m_settings;
 }
 
 int SelfTestSession::pageCount() const

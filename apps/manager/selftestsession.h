@@ -1,7 +1,7 @@
 #pragma once
 
-#include <host/settingscontroller.h>
-#include <host/settingsstore.h>
+#include <host/installationdatabase.h>
+#include <host/settingssession.h>
 
 #include <QMap>
 #include <QWidget>
@@ -15,10 +15,13 @@ public:
     /// Group and key of an editor → what it shows, as text.
     using Values = QMap<std::pair<int, QString>, QString>;
 
-    SelfTestSession();
+    /// Of a new sample database if there is none at @p databasePath.
+    explicit SelfTestSession(const QString &databasePath);
 
-    [[nodiscard]] std::optional<DatabaseError> open(const QString &databasePath);
-    SettingsController &controller();
+    [[nodiscard]] std::optional<DatabaseError> open();
+    /// Saves what is edited, in place of what cannot be read too.
+    SaveResult save();
+    SettingsSession &settings();
     int pageCount() const;
 
     Values values() const;
@@ -28,8 +31,8 @@ public:
     void typeInto(const QString &key, const QString &text);
 
 private:
-    SettingsStore m_store;
-    SettingsController m_controller;
+    InstallationDatabase m_database;
+    SettingsSession m_settings;
     QWidget m_window;
     QMap<int, QWidget *> m_pages; ///< by group
 };

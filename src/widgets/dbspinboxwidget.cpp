@@ -1,5 +1,7 @@
 #include <vxsettings/dbspinboxwidget.h>
 
+#include "readonlylook.h"
+
 #include <qtcompat.h>
 
 #include <vxwidgets/scrollignoringspinbox.h>
@@ -41,15 +43,18 @@ void DBSpinBoxWidget::setParamRange(const std::pair<int, int> &range)
 
 void DBSpinBoxWidget::setSpecialValue(const QString &text)
 {
-    if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setSpecialValueText(text);
+    auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget());
+    if (!spinBox || spinBox->specialValueText() == text)
+        return;
+    spinBox->setSpecialValueText(text);
+    spinBox->updateGeometry(); // Qt leaves a spin box that is on screen as wide as it is
 }
 
 void DBSpinBoxWidget::setReadOnly(bool readOnly)
 {
     DBParamWidget::setReadOnly(readOnly);
     if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setReadOnly(readOnly);
+        readonlylook::setReadOnly(spinBox, readOnly);
 }
 
 void DBSpinBoxWidget::setEnabled(bool enabled)

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void problem_data();
     void problem();
     void aFileThatStartsLikeADatabaseHasNone();
+    void aPipeInThePlaceOfALogIsAProblem_data();
+    void aPipeInThePlaceOfALogIsAProblem();
     void createdFileBelongsToItsOwnerAlone();
     void createdFileAppearsWhenItIsComplete();
     void foldersAreMade();
@@ -81,6 +83,25 @@ void TestDatabaseFile::aFileThatStartsLikeADatabaseHasNone()
     const TestDatabase place;
     place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
     QVERIFY(!DatabaseFile(place.path()).problem());
+}
+
+void TestDatabaseFile::aPipeInThePlaceOfALogIsAProblem_data()
+{
+    QTest::addColumn<QString>("suffix");
+    for (const char *suffix : {"-wal", "-journal", "-shm"})
+        QTest::newRow(suffix) << suffix;
+}
+
+void TestDatabaseFile::aPipeInThePlaceOfALogIsAProblem()
+{
+    QFETCH(QString, suffix);
+    const TestDatabase place;
+    place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
+    QCOMPARE(mkfifo((place.path() + suffix).toUtf8().constData(), 0600), 0);
+    const auto problem = DatabaseFile(place.path()).problem();
+    QVERIFY(problem);
+    QCOMPARE(problem->path, place.path());
+    QVERIFY2(problem->reason.contains(place.path() + suffix), qPrintable(problem->reason));
 }
 
 void TestDatabaseFile::createdFileBelongsToItsOwnerAlone()

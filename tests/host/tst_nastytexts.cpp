@@ -5,17 +5,19 @@
 #include "testrun.h"
 
 #include <host/hostenvironment.h>
+#include <host/installationdatabase.h>
 #include <host/jsonmembers.h>
 #include <host/objectindex.h>
 #include <host/parameterdomain.h>
 #include <host/settingaddress.h>
-#include <host/settingscontroller.h>
+#include <host/settingssession.h>
 #include <host/settingsstore.h>
 #include <host/sqltransaction.h>
 
 #include <vxsettings/dbsettingshelper.h>
 
 #include <QApplication>
+#include <QSignalSpy>
 #include <QTest>
 
 /// Pages over stored texts that no editor has written: opened, looked at, saved without an edit.
@@ -113,10 +115,10 @@ void store(const TestDatabase &database, const StoredTexts &texts)
     SqlTransaction transaction(connection, SqlTransaction::Kind::Write);
     bool done = transaction.isActive();
     for (auto text = texts.begin(); text != texts.end(); ++text)
-        done = done && connection.executePrepared("UPDATE settings SET value = CAST(? AS TEXT) WHERE key = ?",
-                                                  {text.value(), text.key()});
+        done = done && connection.execute("UPDATE settings SET value = CAST(? AS TEXT) WHERE key = ?",
+                                          {text.value(), text.key()});
     if (!done || !transaction.commit())
-        throw std::runtime_error(connection.lastError().text().toStdString());
+        throw std::runtime_error(connection.error().text().toStdString());
 }
 
 /// The editors of these parameters; those of the members for a JSON setting.
@@ -158,10 +160,12 @@ class Visit
 public:
     Visit(const TestDatabase &database, const Kind &kind)
         : m_kind(kind)
-        , m_controller(m_store)
+        , m_database(DatabaseLocation::ofFile(database.path()))
+        , m_session(m_database)
     {
-        const bool failed = m_store.open(DatabaseLocation::ofFile(database.path())) || m_store.load(m_installation) || m_controller.load();
-        if (failed)
+        QSignalSpy loaded(&m_session, &SettingsSession::loaded);
+        m_session.load();
+        if (!loaded.wait())
             throw std::runtime_error("the database cannot be read");
         m_window.show();
         QApplication::setActiveWindow(&m_window);
@@ -173,7 +177,7 @@ public:
     {
         QSet<int> pages;
         for (const SettingAddress &address : addresses(m_kind)) {
-            QWidget *page = m_controller.openPage(pageOf(address), &m_window);
+            QWidget *page = m_session.openPage(pageOf(address), &m_window);
             page->show();
             for (DBParamWidget *editor : page->findChildren<DBParamWidget *>())
                 editor->centralWidget()->setFocus();
@@ -186,12 +190,11 @@ public:
     /// The editors of these parameters that show something else than the health check says.
     QStringList surprises()
     {
-        const ObjectIndex objects(m_installation.objects);
+        const ObjectIndex objects(m_session.stored().objects);
         QStringList surprises;
         for (const SettingAddress &address : shownAddresses(m_kind)) {
-            QWidget *page = m_controller.openPage(pageOf(address), &m_window);
-            const QString shown = editors::find(page, address.parameter())->value().toString();
-            const QString expected = expectedText(address, m_installation, objects);
+            const QString shown = m_session.shownText(address);
+            const QString expected = expectedText(address, m_session.stored(), objects);
             if (shown != expected)
                 surprises
                     << QStringLiteral("%1: %2 instead of %3").arg(address.text(), shown.left(40), expected.left(40));
@@ -199,15 +202,23 @@ public:
         return surprises;
     }
 
-    QStringList changes() const { return m_controller.changes().keys(); }
-    bool hasNothingToSave() { return m_controller.save().outcome == SaveResult::Outcome::NothingToDo; }
+    QStringList changes() const { return m_session.changes().keys(); }
+    bool hasNothingToSave()
+    {
+        QVector<SaveResult::Outcome> outcomes;
+        const auto connection = QObject::connect(&m_session, &SettingsSession::saveFinished,
+                                                 [&](const SaveResult &result) { outcomes << result.outcome; });
+        m_session.save();
+        const bool isFinished = QTest::qWaitFor([&] { return !outcomes.isEmpty(); });
+        QObject::disconnect(connection);
+        return isFinished && outcomes.first() == SaveResult::Outcome::NothingToDo;
+    }
 
 private:
     const Kind &m_kind;
-    SettingsStore m_store;
-    Installation m_installation;
     QWidget m_window;
-    SettingsController m_controller;
+    InstallationDatabase m_database;
+    SettingsSession m_session;
 };
 } // namespace
 

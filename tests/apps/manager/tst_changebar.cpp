@@ -15,6 +15,7 @@ private Q_SLOTS:
     void initTestCase();
     void setChangeCount_data();
     void setChangeCount();
+    void aSaveCanOnlyBeCancelled();
     void clicksAreRequests();
     void mnemonicsAreRequests();
 };
@@ -27,31 +28,56 @@ void TestChangeBar::initTestCase()
 void TestChangeBar::setChangeCount_data()
 {
     QTest::addColumn<int>("count");
+    QTest::addColumn<int>("conflictCount");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("enabled");
-    QTest::newRow("none") << 0 << "Несохранённых изменений нет" << false;
-    QTest::newRow("one") << 1 << "Изменено настроек: 1" << true;
-    QTest::newRow("many") << 41 << "Изменено настроек: 41" << true;
+    QTest::newRow("none") << 0 << 0 << "Несохранённых изменений нет" << false;
+    QTest::newRow("one") << 1 << 0 << "Изменено настроек: 1" << true;
+    QTest::newRow("many") << 41 << 0 << "Изменено настроек: 41" << true;
+    QTest::newRow("conflicts") << 3 << 2 << "Изменено настроек: 3 (в другом месте тоже: 2)" << true;
 }
 
 void TestChangeBar::setChangeCount()
 {
     QFETCH(int, count);
+    QFETCH(int, conflictCount);
     QFETCH(bool, enabled);
     ChangeBar bar;
     QVERIFY(!bar.findChild<QPushButton *>("saveButton")->isEnabled());
-    bar.setChangeCount(count);
+    bar.setChangeCount(count, conflictCount);
     QTEST(bar.findChild<QLabel *>("changeLabel")->text(), "text");
-    for (const QPushButton *button : bar.findChildren<QPushButton *>()) {
-        QCOMPARE(button->isEnabled(), enabled);
-        QVERIFY(!button->toolTip().isEmpty());
+    for (const char *name : {"saveButton", "revertButton"}) {
+        QCOMPARE(bar.findChild<QPushButton *>(name)->isEnabled(), enabled);
+        QVERIFY(!bar.findChild<QPushButton *>(name)->toolTip().isEmpty());
     }
+    QVERIFY(bar.findChild<QPushButton *>("cancelButton")->isHidden());
+}
+
+void TestChangeBar::aSaveCanOnlyBeCancelled()
+{
+    ChangeBar bar;
+    bar.setChangeCount(2, 0);
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    bar.setProgress("Waiting");
+    bar.setChangeCount(3, 0);
+    QCOMPARE(bar.findChild<QLabel *>("changeLabel")->text(), QString("Waiting"));
+    QVERIFY(!bar.findChild<QPushButton *>("saveButton")->isEnabled());
+    QVERIFY(!bar.findChild<QPushButton *>("revertButton")->isEnabled());
+    const QSignalSpy cancel(&bar, &ChangeBar::cancelRequested);
+    QTest::mouseClick(bar.findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QCOMPARE(cancel.count(), 1);
+
+    bar.setProgress({});
+    QCOMPARE(bar.findChild<QLabel *>("changeLabel")->text(), QString("Изменено настроек: 3"));
+    QVERIFY(bar.findChild<QPushButton *>("saveButton")->isEnabled());
+    QVERIFY(bar.findChild<QPushButton *>("cancelButton")->isHidden());
 }
 
 void TestChangeBar::clicksAreRequests()
 {
     ChangeBar bar;
-    bar.setChangeCount(1);
+    bar.setChangeCount(1, 0);
     bar.show();
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     QSignalSpy save(&bar, &ChangeBar::saveRequested);
@@ -67,7 +93,7 @@ void TestChangeBar::clicksAreRequests()
 void TestChangeBar::mnemonicsAreRequests()
 {
     ChangeBar bar;
-    bar.setChangeCount(1);
+    bar.setChangeCount(1, 0);
     bar.show();
     QApplication::setActiveWindow(&bar);
     QVERIFY(QTest::qWaitForWindowActive(&bar));

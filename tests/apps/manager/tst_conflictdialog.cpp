@@ -5,6 +5,8 @@
 
 #include <vxsettings/dbkeys.h>
 
+#include <QGroupBox>
+#include <QRadioButton>
 #include <QTest>
 
 using namespace db::database;
@@ -15,52 +17,106 @@ class TestConflictDialog : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void bothValuesAreShown();
-    void answer_data();
-    void answer();
+    void allValuesAreShown();
+    void somebodyUnknown();
+    void theAnswersOfTheButtons_data();
+    void theAnswersOfTheButtons();
+    void everythingMustBeDecided();
 };
+
+namespace {
+
+using Choice = ConflictDialog::Choice;
+using Choices = QVector<ConflictDialog::Choice>;
+
+const ChangeStamp stamp{QDateTime({2024, 5, 17}, {12, 30}, Qt::LocalTime), "petrova", "reception-2", "vxsettingsctl"};
+
+const QVector<SettingsSession::Conflict> conflicts{
+    {{MOBILE_HOST}, "base", "<b>theirs</b>", "mine & more", stamp},
+    {{CARD_VIEW_FORMAT}, "0", "1", "2", stamp},
+    {{PIN_STRENGTH, json::MAX_LEN}, "8", "6", "7", stamp},
+    {{PASSWORD_DEF}, "canary", "canary", "canary", stamp},
+};
+} // namespace
+
+Q_DECLARE_METATYPE(Choices)
 
 void TestConflictDialog::initTestCase()
 {
     failOnUnexpectedMessages();
+    QLocale::setDefault(QLocale("ru_RU"));
 }
 
-void TestConflictDialog::bothValuesAreShown()
+void TestConflictDialog::allValuesAreShown()
 {
     const ModalAnswer answer("Вернуться");
-    ConflictDialog({{MOBILE_HOST, "base", "<b>theirs</b>", "mine"},
-                    {CARD_VIEW_FORMAT, "0", "1", "2"},
-                    {PASSWORD_DEF, "canary", "canary", "canary"}})
-        .exec();
+    ConflictDialog dialog(conflicts);
+    dialog.exec();
     QVERIFY(answer.wasGiven());
     const QString text = answer.text().simplified();
-    const QString theirs = "Сейчас в базе данных:";
+    const QString who = " пользователь petrova, рабочее место reception-2, программа vxsettingsctl, 17.05.2024 12:30 ";
     for (const QString &part :
-         {"Хост " + theirs + " «<b>theirs</b>» У вас: «mine» Было: «base»",
-          "Формат отображения номеров карт " + theirs + " Шестнадцатеричный У вас: Семейство-код Было: Десятичный",
-          "Пароль по умолчанию " + theirs + " скрыто У вас: скрыто Было: скрыто"})
+         {"Было: «base» «<b>theirs</b>»" + who + "«mine & more»", "Было: Десятичный Шестнадцатеричный" + who,
+          "Было: «8» «6»" + who + "«7»", "Было: скрыто скрыто" + who + "скрыто"})
         QVERIFY2(text.contains(part), qPrintable(text));
     QVERIFY(!text.contains("canary"));
+
+    QStringList captions;
+    for (const QGroupBox *box : dialog.findChildren<QGroupBox *>())
+        captions << box->title();
+    QCOMPARE(captions, (QStringList{"Хост", "Формат отображения номеров карт", "Сложность пин-кода: Максимальная длина",
+                                    "Пароль по умолчанию"}));
 }
 
-void TestConflictDialog::answer_data()
+void TestConflictDialog::somebodyUnknown()
 {
-    QTest::addColumn<QString>("button");
+    const ModalAnswer answer("Вернуться");
+    ConflictDialog({{{MOBILE_HOST}, "base", "theirs", "mine", {}}}).exec();
+    QVERIFY2(answer.text().contains("Кто изменил, не известно"), qPrintable(answer.text()));
+}
+
+void TestConflictDialog::theAnswersOfTheButtons_data()
+{
+    QTest::addColumn<QStringList>("buttons");
     QTest::addColumn<int>("answer");
-    QTest::newRow("overwrite") << "Записать мои" << int(ConflictDialog::Overwrite);
-    QTest::newRow("reload") << "Перечитать базу" << int(ConflictDialog::Reload);
-    QTest::newRow("stay") << "Вернуться" << int(ConflictDialog::Stay);
-    QTest::newRow("escape") << QString() << int(ConflictDialog::Stay);
+    QTest::addColumn<Choices>("choices");
+    const Choices theirs(conflicts.count(), Choice::Theirs);
+    const Choices mine(conflicts.count(), Choice::Mine);
+    QTest::newRow("mine") << QStringList{"Все мои", "Записать выбранное"} << int(QDialog::Accepted) << mine;
+    QTest::newRow("theirs") << QStringList{"Все из базы", "Записать выбранное"} << int(QDialog::Accepted) << theirs;
+    QTest::newRow("stay") << QStringList{"Все мои", "Вернуться"} << int(QDialog::Rejected) << mine;
+    QTest::newRow("escape") << QStringList{QString()} << int(QDialog::Rejected) << theirs;
 }
 
-void TestConflictDialog::answer()
+void TestConflictDialog::theAnswersOfTheButtons()
 {
-    QFETCH(QString, button);
-    const ModalAnswer given(button);
-    ConflictDialog dialog({{MOBILE_HOST, "base", "theirs", "mine"}});
+    QFETCH(QStringList, buttons);
+    const ModalAnswer given(buttons);
+    ConflictDialog dialog(conflicts);
     QTEST(dialog.exec(), "answer");
     QVERIFY(given.wasGiven());
+    QTEST(dialog.choices(), "choices");
     QCOMPARE(given.defaultButton(), QString("Вернуться"));
+}
+
+void TestConflictDialog::everythingMustBeDecided()
+{
+    ConflictDialog dialog(conflicts);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const auto buttons = dialog.findChildren<QPushButton *>();
+    const auto accept = std::find_if(buttons.begin(), buttons.end(),
+                                     [](const QPushButton *button) { return button->text() == "&Записать выбранное"; });
+    QVERIFY(accept != buttons.end());
+    const auto choices = dialog.findChildren<QRadioButton *>();
+    QCOMPARE(choices.count(), 8);
+    for (const int choice : {0, 3, 5, 6}) {
+        QVERIFY(!(*accept)->isEnabled());
+        QVERIFY(!choices[choice]->accessibleDescription().contains("canary"));
+        QTest::keyClick(choices[choice], Qt::Key_Space);
+    }
+    QVERIFY((*accept)->isEnabled());
+    QCOMPARE(dialog.choices(), (Choices{Choice::Theirs, Choice::Mine, Choice::Mine, Choice::Theirs}));
 }
 
 QTEST_MAIN(TestConflictDialog)

@@ -5,11 +5,12 @@
 #include "messages.h"
 #include "modalanswer.h"
 #include "pagelist.h"
+#include "sessionwait.h"
 
 #include <host/hostenvironment.h>
-#include <host/settingscontroller.h>
+#include <host/installationdatabase.h>
 #include <host/settingspages.h>
-#include <host/settingsstore.h>
+#include <host/settingssession.h>
 
 #include <vxsettings/dbkeys.h>
 
@@ -26,19 +27,27 @@
 
 using namespace db::database;
 
+namespace {
+
+InstallationDatabase::Limits quickLimits()
+{
+    InstallationDatabase::Limits limits;
+    limits.filePulse = std::chrono::milliseconds(10);
+    return limits;
+}
+} // namespace
+
 /// The manager's window on a database, shown.
 class Window
 {
 public:
-    explicit Window(const TestDatabase &database)
-        : controller(store)
+    explicit Window(const TestDatabase &file)
+        : database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample, quickLimits())
+        , session(database)
     {
-        auto error = store.open(DatabaseLocation::ofFile(database.path()));
-        if (!error)
-            error = controller.load();
-        if (error)
+        if (const auto error = SessionWait::load(session))
             throw std::runtime_error(error->text().toStdString());
-        window = std::make_unique<MainWindow>(controller, database.path());
+        window = std::make_unique<MainWindow>(database, session);
         window->show();
         if (!QTest::qWaitForWindowExposed(window.get()))
             throw std::runtime_error("no window");
@@ -72,8 +81,8 @@ public:
     }
     bool isMarked(int row) const { return list()->item(row)->font().bold(); }
 
-    SettingsStore store;
-    SettingsController controller;
+    InstallationDatabase database;
+    SettingsSession session;
     std::unique_ptr<MainWindow> window;
 };
 
@@ -97,9 +106,14 @@ private Q_SLOTS:
     void closingWithChangesAsks_data();
     void closingWithChangesAsks();
     void closingSavesOnlyWhatCanBeSaved();
+    void closingDuringASaveWaitsForIt();
+    void theWindowLivesWhileItSaves();
+    void aSaveCanBeCancelled();
+    void whatOthersSaveIsShown();
+    void aLostConnectionIsANotice();
     void aConflictCanBeOverwritten();
     void aConflictCanBeLeft();
-    void aConflictCanBeReloaded();
+    void theirsCanBeTaken();
     void unreadableJsonAsks_data();
     void unreadableJsonAsks();
     void aFailedSaveIsShown();
@@ -144,7 +158,7 @@ void TestMainWindow::aPageIsBuiltWhenItIsFirstShown()
     for (const SettingsPageName &page : settingsPages)
         window.go(page.group);
     QCOMPARE(window.window->findChild<QStackedWidget *>()->count(), 12);
-    QVERIFY(!window.controller.hasChanges());
+    QVERIFY(!window.session.hasChanges());
 }
 
 void TestMainWindow::aFreshWindowHasNothingToSave()
@@ -194,6 +208,9 @@ void TestMainWindow::savingWritesAndCalmsDown()
     const Window window(database);
     window.typeHost("saved");
     QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(!window.save()->isEnabled());
+    QCOMPARE(window.changeText(), QString("Сохранение…"));
+    QTRY_COMPARE(window.changeText(), QString("Несохранённых изменений нет"));
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
     QVERIFY(!window.save()->isEnabled());
     QVERIFY(!window.revert()->isEnabled());
@@ -212,8 +229,8 @@ void TestMainWindow::ctrlSSaves()
     QApplication::setActiveWindow(window.window.get());
     window.typeHost("saved by keys");
     QTest::keyClick(window.window->windowHandle(), Qt::Key_S, Qt::ControlModifier);
-    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("saved by keys"));
-    QVERIFY(!window.window->isWindowModified());
+    QTRY_VERIFY(!window.window->isWindowModified());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved by keys"));
 }
 
 void TestMainWindow::revertBringsEverythingBack()
@@ -285,9 +302,10 @@ void TestMainWindow::closingWithChangesAsks()
     const Window window(database);
     window.typeHost("edited");
     const ModalAnswer answer(button);
-    QCOMPARE(window.window->close(), closed);
+    // A save that has to be waited for closes the window when it has succeeded.
+    QCOMPARE(window.window->close(), button == "Не сохранять");
     QVERIFY(answer.wasGiven());
-    QCOMPARE(window.window->isVisible(), !closed);
+    QTRY_COMPARE(window.window->isVisible(), !closed);
     QTEST(database.stored(MOBILE_HOST), "stored");
     if (!closed)
         QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("edited"));
@@ -301,10 +319,89 @@ void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
     database.store(MOBILE_HOST, "theirs");
     const ModalAnswer answers(QStringList{"Сохранить", "Вернуться"});
     QVERIFY(!window.window->close());
-    QVERIFY(answers.wasGiven());
+    QTRY_VERIFY(answers.wasGiven());
     QVERIFY(window.window->isVisible());
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
-    QVERIFY(window.controller.hasChanges());
+    QVERIFY(window.session.hasChanges());
+
+    // A later save is no wish to leave.
+    const ModalAnswer mine(QStringList{"Все мои", "Записать выбранное"});
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_VERIFY(!window.session.hasChanges());
+    QCoreApplication::processEvents();
+    QVERIFY(window.window->isVisible());
+}
+
+void TestMainWindow::closingDuringASaveWaitsForIt()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(!window.window->close());
+    QTRY_VERIFY(!window.window->isVisible());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
+}
+
+void TestMainWindow::theWindowLivesWhileItSaves()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(other.execute("BEGIN IMMEDIATE"));
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_COMPARE(window.changeText(), QString("База данных занята другой программой. Ожидание…"));
+    editors::retype(window.input<QSpinBox>(MOBILE_PORT), "90");
+    QCOMPARE(window.input<QSpinBox>(MOBILE_PORT)->value(), 90);
+    QVERIFY(other.execute("COMMIT"));
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
+    QCOMPARE(database.stored(MOBILE_PORT), QString("8443"));
+}
+
+void TestMainWindow::aSaveCanBeCancelled()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(other.execute("BEGIN IMMEDIATE"));
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_VERIFY(window.changeText().contains("занята"));
+    QTest::mouseClick(window.window->findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QVERIFY(window.save()->isEnabled());
+    QVERIFY(other.execute("COMMIT"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::whatOthersSaveIsShown()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    database.store(MOBILE_PORT, "90");
+    QTRY_COMPARE(window.input<QSpinBox>(MOBILE_PORT)->value(), 90);
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    database.store(MOBILE_HOST, "theirs");
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1 (в другом месте тоже: 1)"));
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mine"));
+}
+
+void TestMainWindow::aLostConnectionIsANotice()
+{
+    const TestDatabase database;
+    Window window(database);
+    const auto *notice = window.window->findChild<QLabel *>("noticeLabel");
+    QVERIFY(!notice->isVisible());
+    Q_EMIT window.database.connectionLost({"path", "Сервер не отвечает.", "", DatabaseError::Kind::Disconnected});
+    QVERIFY(notice->isVisible());
+    QCOMPARE(notice->text(),
+             QString("Сервер не отвечает. Изменения можно будет сохранить, когда связь восстановится."));
+    Q_EMIT window.database.connectionRestored();
+    QVERIFY(!notice->isVisible());
 }
 
 void TestMainWindow::aConflictCanBeOverwritten()
@@ -313,12 +410,12 @@ void TestMainWindow::aConflictCanBeOverwritten()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer("Записать мои");
+    const ModalAnswer answer(QStringList{"Все мои", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
     QVERIFY(answer.wasGiven());
     QVERIFY2(answer.text().contains("«theirs»") && answer.text().contains("«mine»"), qPrintable(answer.text()));
-    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
-    QVERIFY(!window.window->isWindowModified());
+    QTRY_VERIFY(!window.window->isWindowModified());
 }
 
 void TestMainWindow::aConflictCanBeLeft()
@@ -329,13 +426,13 @@ void TestMainWindow::aConflictCanBeLeft()
     database.store(MOBILE_HOST, "theirs");
     const ModalAnswer answer("Вернуться");
     QTest::mouseClick(window.save(), Qt::LeftButton);
-    QVERIFY(answer.wasGiven());
+    QTRY_VERIFY(answer.wasGiven());
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mine"));
-    QVERIFY(window.save()->isEnabled());
+    QTRY_VERIFY(window.save()->isEnabled());
 }
 
-void TestMainWindow::aConflictCanBeReloaded()
+void TestMainWindow::theirsCanBeTaken()
 {
     const TestDatabase database;
     const Window window(database);
@@ -343,18 +440,15 @@ void TestMainWindow::aConflictCanBeReloaded()
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer("Перечитать базу");
+    const ModalAnswer answer(QStringList{"Все из базы", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_VERIFY(!window.window->isWindowModified());
     QVERIFY(answer.wasGiven());
 
-    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
-    QVERIFY(window.input<QLineEdit>(MOBILE_HOST)->isVisible());
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("theirs"));
-    QVERIFY(!window.window->isWindowModified());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
+    QCOMPARE(database.stored(PASSWORD_EXPIRED), QString("30"));
     QVERIFY(!window.isMarked(2));
-    window.go(DBGroups::Users);
-    QCOMPARE(window.input<QSpinBox>(PASSWORD_EXPIRED)->value(), 90);
-    QCOMPARE(window.window->findChild<QStackedWidget *>()->count(), 2);
 }
 
 void TestMainWindow::unreadableJsonAsks_data()
@@ -379,10 +473,10 @@ void TestMainWindow::unreadableJsonAsks()
     editors::click(window.input<QCheckBox>(json::DENY_EQUAL));
     const ModalAnswer answer(button);
     QTest::mouseClick(window.save(), Qt::LeftButton);
-    QVERIFY(answer.wasGiven());
+    QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains("PT_PIN_STRENGTH"));
-    QCOMPARE(database.stored(PIN_STRENGTH) != "not JSON", replaced);
-    QCOMPARE(window.save()->isEnabled(), !replaced);
+    QTRY_COMPARE(database.stored(PIN_STRENGTH) != "not JSON", replaced);
+    QTRY_COMPARE(window.save()->isEnabled(), !replaced);
 }
 
 void TestMainWindow::aFailedSaveIsShown()
@@ -393,7 +487,7 @@ void TestMainWindow::aFailedSaveIsShown()
     database.execute("ALTER TABLE settings RENAME TO gone");
     const ModalAnswer answer("Закрыть");
     QTest::mouseClick(window.save(), Qt::LeftButton);
-    QVERIFY(answer.wasGiven());
+    QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains(database.path()));
     QVERIFY(!answer.text().contains("canary"));
     QVERIFY(window.save()->isEnabled());
@@ -464,7 +558,7 @@ void TestMainWindow::theKeyboardReachesEverything()
                                    window.list()};
     QCOMPARE(visited, order);
     QTest::keyClick(window.save(), Qt::Key_Space);
-    QCOMPARE(database.stored(MOBILE_HOST), QString("x"));
+    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("x"));
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void leave_data();
     void leave();
     void showError();
+    void showUnknown();
 };
 
 void TestSaveQuestions::initTestCase()
@@ -69,6 +70,15 @@ void TestSaveQuestions::showError()
     SaveQuestions::showError(nullptr, {"/the/path", "The reason.", "The advice."});
     QVERIFY(given.wasGiven());
     QVERIFY2(given.text().contains("«/the/path».\nThe reason.\nThe advice."), qPrintable(given.text()));
+}
+
+void TestSaveQuestions::showUnknown()
+{
+    const ModalAnswer given("Закрыть");
+    SaveQuestions::showUnknown(nullptr, {"/the/path", "The reason.", "The advice."});
+    QVERIFY(given.wasGiven());
+    QVERIFY2(given.text().contains("Неизвестно, записаны ли изменения"), qPrintable(given.text()));
+    QVERIFY2(given.text().contains("The reason.\nThe advice."), qPrintable(given.text()));
 }
 
 QTEST_MAIN(TestSaveQuestions)

@@ -5,9 +5,14 @@
 #include "pagearea.h"
 #include "pagelist.h"
 #include "savequestions.h"
+#include "searchfield.h"
+#include "spotlight.h"
 
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/translations.h>
+
+#include <vxsettings/dbparamwidget.h>
 
 #include <QAction>
 #include <QCloseEvent>
@@ -16,11 +21,13 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTimer>
+#include <QTranslator>
 
 namespace {
 
 constexpr QSize initialSize(1024, 700);
 constexpr int noticeMargin = 6;
+constexpr int searchMargin = 8;
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString pageKey = QStringLiteral("window/page");
 
@@ -40,12 +47,34 @@ QString nameOf(DBGroups group)
     }
     return {};
 }
+
+/// Those besides Russian, which is searched anyway.
+std::vector<std::unique_ptr<QTranslator>> searchedLanguages()
+{
+    std::vector<std::unique_ptr<QTranslator>> languages;
+    for (const QString &language : Translations::languages().mid(1)) {
+        if (auto texts = Translations::libraryTexts(language))
+            languages.push_back(std::move(texts));
+    }
+    return languages;
+}
+
+QVector<const QTranslator *> borrowed(const std::vector<std::unique_ptr<QTranslator>> &languages)
+{
+    QVector<const QTranslator *> borrowed;
+    for (const auto &language : languages)
+        borrowed.append(language.get());
+    return borrowed;
+}
 } // namespace
 
 MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent)
     : QMainWindow(parent)
     , m_database(database)
     , m_session(session)
+    , m_searchedLanguages(searchedLanguages())
+    , m_search(borrowed(m_searchedLanguages))
+    , m_searchField(new SearchField(m_search))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
     , m_notice(new QLabel)
@@ -57,10 +86,13 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     createActions();
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
+    connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
+    connect(m_searchField, &SearchField::resultsChanged, m_list, &PageList::setHits);
     connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);
     connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
     connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
+    connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
     // Not from within the signal, which a dialog would hold up.
     connect(&m_session, &SettingsSession::saveFinished, this,
             [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
@@ -73,7 +105,13 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
 
     restoreView();
     showPage(m_list->chosen());
+    findStoredProblems();
     m_list->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    delete m_searchField; // before what it searches in
 }
 
 QWidget *MainWindow::createCentralWidget()
@@ -81,7 +119,7 @@ QWidget *MainWindow::createCentralWidget()
     auto *central = new QWidget;
     auto *columns = new QHBoxLayout;
     columns->setSpacing(0);
-    columns->addWidget(m_list);
+    columns->addLayout(createNavigation());
     columns->addWidget(m_stack, 1);
 
     auto *rows = new QVBoxLayout(central);
@@ -98,6 +136,18 @@ QWidget *MainWindow::createCentralWidget()
     m_notice->setMargin(noticeMargin);
     m_notice->hide();
     return central;
+}
+
+QLayout *MainWindow::createNavigation()
+{
+    auto *rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    auto *searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(searchMargin, searchMargin, searchMargin, searchMargin);
+    searchRow->addWidget(m_searchField);
+    rows->addLayout(searchRow);
+    rows->addWidget(m_list, 1);
+    return rows;
 }
 
 void MainWindow::createActions()
@@ -129,9 +179,47 @@ PageArea *MainWindow::createPage(DBGroups group)
     return area;
 }
 
+void MainWindow::showParameter(const SettingAddress &address)
+{
+    const DBGroups page = SettingAddress{address.key}.group();
+    m_list->choose(page);
+    DBParamWidget *editor = m_session.editor(address);
+    if (!editor)
+        return;
+    m_areas.value(int(page))->reveal(editor);
+    Spotlight::pointAt(editor);
+    editor->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::findStoredProblems()
+{
+    m_storedProblems.clear();
+    for (const SettingFinding &finding : m_session.findings()) {
+        // A broken rule is judged by what is edited, and no page shows what the catalogue does not have.
+        if (finding.problem != SettingProblem::Kind::BrokenRule && finding.address.isKnown())
+            m_storedProblems.append(finding.address);
+    }
+    showProblems();
+}
+
+void MainWindow::showProblems()
+{
+    QVector<SettingAddress> problems = m_storedProblems;
+    for (const SettingRules::Violation &violation : m_session.violations()) {
+        for (const SettingAddress &address : {violation.lower, violation.upper}) {
+            if (!problems.contains(address))
+                problems.append(address);
+        }
+    }
+    m_searchField->setProblematic(problems);
+}
+
 void MainWindow::showChanges()
 {
-    const int count = m_session.changedAddresses().count();
+    const QVector<SettingAddress> changed = m_session.changedAddresses();
+    const int count = changed.count();
+    m_searchField->setChanged(changed);
+    showProblems();
     setWindowModified(count > 0);
     m_bar->setChangeCount(count, m_session.conflicts().count());
     for (const SettingsPageName &page : settingsPages)

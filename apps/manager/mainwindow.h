@@ -1,17 +1,23 @@
 #pragma once
 
 #include <host/installationdatabase.h>
+#include <host/settingssearch.h>
 
 #include <vxsettings/dbsettingstypes.h>
 
 #include <QHash>
 #include <QMainWindow>
 
+#include <memory>
+#include <vector>
+
 class ChangeBar;
 class PageArea;
 class PageList;
 class QLabel;
 class QStackedWidget;
+class QTranslator;
+class SearchField;
 class SettingsSession;
 
 /// The pages of an installation's settings, one at a time, and the bar that saves them.
@@ -24,16 +30,24 @@ class MainWindow : public QMainWindow
 public:
     /// @p session has loaded @p database; both live longer.
     MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
+    /// there.
+    void showParameter(const SettingAddress &address);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *createCentralWidget();
+    QLayout *createNavigation();
     void createActions();
     void showPage(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
+    void findStoredProblems();
+    void showProblems();
 
     void save();
     void saveReplacingUnreadable(const QStringList &keys);
@@ -49,6 +63,10 @@ private:
 
     InstallationDatabase &m_database;
     SettingsSession &m_session;
+    std::vector<std::unique_ptr<QTranslator>> m_searchedLanguages;
+    SettingsSearch m_search;
+    SearchField *m_searchField;
+    QVector<SettingAddress> m_storedProblems; ///< of what is stored
     PageList *m_list;
     QStackedWidget *m_stack;
     QLabel *m_notice;

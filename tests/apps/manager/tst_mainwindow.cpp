@@ -5,7 +5,9 @@
 #include "messages.h"
 #include "modalanswer.h"
 #include "pagelist.h"
+#include "searchresults.h"
 #include "sessionwait.h"
+#include "spotlight.h"
 
 #include <host/hostenvironment.h>
 #include <host/installationdatabase.h>
@@ -14,14 +16,18 @@
 
 #include <vxsettings/dbkeys.h>
 
+#include <vxwidgets/vxsettingsgroupwidget.h>
+
 #include <QCheckBox>
 #include <QLabel>
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QTest>
+#include <QToolButton>
 
 #include <memory>
 
@@ -57,16 +63,24 @@ public:
     QWidget *page() const { return window->findChild<QStackedWidget *>()->currentWidget(); }
     QPushButton *save() const { return window->findChild<QPushButton *>("saveButton"); }
     QPushButton *revert() const { return window->findChild<QPushButton *>("revertButton"); }
+    QLineEdit *searchLine() const { return window->findChild<QLineEdit *>("searchLine"); }
+    QToolButton *changedFilter() const { return window->findChild<QToolButton *>("changedFilter"); }
     QString changeText() const { return window->findChild<QLabel *>("changeLabel")->text(); }
+
+    /// Types into the search line, to which Ctrl+F leads.
+    void search(const QString &words) const
+    {
+        QApplication::setActiveWindow(window.get());
+        QTest::keyClick(window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        for (const QChar c : words) // keyClicks() knows ASCII only
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
+    }
 
     /// Goes to a page with the mouse.
     QWidget *go(DBGroups group) const
     {
-        for (int row = 0; row < list()->count(); ++row) {
-            if (settingsPages[row].group == group)
-                QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
-                                  list()->visualItemRect(list()->item(row)).center());
-        }
+        const QRect row = list()->visualItemRect(list()->itemOf(group));
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, row.center());
         return page();
     }
     template <typename Input>
@@ -79,7 +93,7 @@ public:
         go(DBGroups::Connection);
         editors::retype(input<QLineEdit>(MOBILE_HOST), text);
     }
-    bool isMarked(int row) const { return list()->item(row)->font().bold(); }
+    bool isMarked(DBGroups page) const { return list()->itemOf(page)->font().bold(); }
 
     InstallationDatabase database;
     SettingsSession session;
@@ -120,6 +134,10 @@ private Q_SLOTS:
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void theKeyboardReachesEverything();
+    void aSearchLeadsToTheParameter();
+    void aSearchScrollsAndUnfolds();
+    void aSearchTellsThePages();
+    void changesAndProblemsCanBeFiltered();
 
 private:
     QTemporaryDir m_config;
@@ -182,13 +200,13 @@ void TestMainWindow::anEditIsShownEverywhere()
     QVERIFY(window.revert()->isEnabled());
     QVERIFY(window.window->isWindowModified());
     QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
-    QVERIFY(window.isMarked(8));
-    QVERIFY(!window.isMarked(7));
+    QVERIFY(window.isMarked(DBGroups::Connection));
+    QVERIFY(!window.isMarked(DBGroups::PassRequests));
 
     window.go(DBGroups::Users);
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     QCOMPARE(window.changeText(), QString("Изменено настроек: 2"));
-    QVERIFY(window.isMarked(2) && window.isMarked(8));
+    QVERIFY(window.isMarked(DBGroups::Users) && window.isMarked(DBGroups::Connection));
 }
 
 void TestMainWindow::anEditPutBackIsNoChange()
@@ -199,7 +217,7 @@ void TestMainWindow::anEditPutBackIsNoChange()
     window.typeHost("mobile.installation.example");
     QVERIFY(!window.save()->isEnabled());
     QVERIFY(!window.window->isWindowModified());
-    QVERIFY(!window.isMarked(8));
+    QVERIFY(!window.isMarked(DBGroups::Connection));
 }
 
 void TestMainWindow::savingWritesAndCalmsDown()
@@ -215,7 +233,7 @@ void TestMainWindow::savingWritesAndCalmsDown()
     QVERIFY(!window.save()->isEnabled());
     QVERIFY(!window.revert()->isEnabled());
     QVERIFY(!window.window->isWindowModified());
-    QVERIFY(!window.isMarked(8));
+    QVERIFY(!window.isMarked(DBGroups::Connection));
 
     const Window again(database);
     again.go(DBGroups::Connection);
@@ -448,7 +466,7 @@ void TestMainWindow::theirsCanBeTaken()
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("theirs"));
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
     QCOMPARE(database.stored(PASSWORD_EXPIRED), QString("30"));
-    QVERIFY(!window.isMarked(2));
+    QVERIFY(!window.isMarked(DBGroups::Users));
 }
 
 void TestMainWindow::unreadableJsonAsks_data()
@@ -555,10 +573,78 @@ void TestMainWindow::theKeyboardReachesEverything()
                                    window.input<QWidget>(LOCKER_ACCESS_TOKEN),
                                    window.revert(),
                                    window.save(),
+                                   window.searchLine(),
+                                   window.changedFilter(),
                                    window.list()};
     QCOMPARE(visited, order);
     QTest::keyClick(window.save(), Qt::Key_Space);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("x"));
+}
+
+void TestMainWindow::aSearchLeadsToTheParameter()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("порт");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    auto *port = window.input<QSpinBox>(MOBILE_PORT);
+    QVERIFY(port->isVisible());
+    QCOMPARE(QApplication::focusWidget(), port);
+
+    const QPointer<Spotlight> spotlight = window.window->findChild<Spotlight *>();
+    QVERIFY(spotlight && spotlight->isVisible());
+    QCOMPARE(spotlight->parentWidget(), editors::find(window.page(), MOBILE_PORT));
+    QCOMPARE(spotlight->rect(), spotlight->parentWidget()->rect());
+    QVERIFY(!window.session.hasChanges());
+    QTRY_VERIFY(!spotlight);
+}
+
+void TestMainWindow::aSearchScrollsAndUnfolds()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.window->resize(700, 300);
+    window.go(DBGroups::Employees);
+    for (auto *frame : window.page()->findChildren<VXSettingsGroupWidget *>())
+        frame->collapse();
+    window.window->showParameter({PIN_STRENGTH, json::MIN_LEN});
+    const auto *area = qobject_cast<QScrollArea *>(window.page());
+    const QWidget *editor = window.session.editor({PIN_STRENGTH, json::MIN_LEN});
+    QVERIFY(editor->isVisible());
+    const QRect seen(editor->mapTo(area->viewport(), QPoint()), editor->size());
+    QVERIFY(seen.top() >= 0 && seen.bottom() <= area->viewport()->height());
+    QVERIFY(area->verticalScrollBar()->value() > 0);
+}
+
+void TestMainWindow::aSearchTellsThePages()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("палец");
+    QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(),
+             QString("Сканирование отпечатков пальцев (5)"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(), QString("Сканирование отпечатков пальцев"));
+}
+
+void TestMainWindow::changesAndProblemsCanBeFiltered()
+{
+    const TestDatabase database;
+    {
+        const Window created(database);
+    }
+    database.store(MOBILE_PORT, "99999999");
+    const Window window(database);
+    const auto *problems = window.window->findChild<QToolButton *>("problemFilter");
+    QCOMPARE(problems->text(), QString("С ошибками (1)"));
+    QVERIFY(!window.changedFilter()->isEnabled());
+    window.typeHost("h");
+    QTest::mouseClick(window.changedFilter(), Qt::LeftButton);
+    const auto *results = window.window->findChild<SearchResults *>();
+    QVERIFY(results->isVisible());
+    QCOMPARE(results->hitCount(), 1);
+    QCOMPARE(results->currentAddress(), SettingAddress{MOBILE_HOST});
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -2,10 +2,12 @@
 
 #include "changebar.h"
 #include "conflictdialog.h"
+#include "mainmenu.h"
 #include "pagearea.h"
 #include "pagelist.h"
 #include "savequestions.h"
 #include "searchfield.h"
+#include "settingsfiles.h"
 #include "spotlight.h"
 
 #include <host/settingspages.h>
@@ -14,10 +16,12 @@
 
 #include <vxsettings/dbparamwidget.h>
 
-#include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTimer>
@@ -28,6 +32,7 @@ namespace {
 constexpr QSize initialSize(1024, 700);
 constexpr int noticeMargin = 6;
 constexpr int searchMargin = 8;
+constexpr QSize aboutIconSize(48, 48);
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString pageKey = QStringLiteral("window/page");
 
@@ -68,22 +73,24 @@ QVector<const QTranslator *> borrowed(const std::vector<std::unique_ptr<QTransla
 }
 } // namespace
 
-MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent)
-    : QMainWindow(parent)
-    , m_database(database)
+MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, Translations *translations)
+    : m_database(database)
     , m_session(session)
     , m_searchedLanguages(searchedLanguages())
     , m_search(borrowed(m_searchedLanguages))
     , m_searchField(new SearchField(m_search))
+    , m_menu(new MainMenu(translations, this))
+    , m_files(new SettingsFiles(session, database.location(), this))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
     , m_notice(new QLabel)
     , m_bar(new ChangeBar)
 {
-    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(database.location().shortName()));
     setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
     setCentralWidget(createCentralWidget());
-    createActions();
+    setMenuBar(m_menu);
+    connectMenu();
+    retranslate();
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
@@ -150,12 +157,29 @@ QLayout *MainWindow::createNavigation()
     return rows;
 }
 
-void MainWindow::createActions()
+void MainWindow::connectMenu()
 {
-    auto *saveAction = new QAction(this);
-    saveAction->setShortcut(QKeySequence::Save);
-    connect(saveAction, &QAction::triggered, this, &MainWindow::save);
-    addAction(saveAction);
+    connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::save);
+    connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
+    connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
+    connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
+    connect(m_menu, &MainMenu::findRequested, m_searchField, &SearchField::activate);
+    connect(m_menu, &MainMenu::aboutRequested, this, &MainWindow::showAbout);
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox box(QMessageBox::NoIcon, tr("О программе"), tr("Настройки базы данных"), QMessageBox::NoButton, this);
+    box.setInformativeText(tr("Версия %1").arg(QCoreApplication::applicationVersion()));
+    box.setIconPixmap(windowIcon().pixmap(aboutIconSize));
+    box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+void MainWindow::retranslate()
+{
+    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(m_database.location().shortName()));
+    m_session.retranslate();
 }
 
 void MainWindow::showPage(DBGroups group)
@@ -312,6 +336,13 @@ void MainWindow::resolveConflicts()
 void MainWindow::stay()
 {
     m_isLeaving = false;
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

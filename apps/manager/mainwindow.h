@@ -12,13 +12,16 @@
 #include <vector>
 
 class ChangeBar;
+class MainMenu;
 class PageArea;
 class PageList;
 class QLabel;
 class QStackedWidget;
 class QTranslator;
 class SearchField;
+class SettingsFiles;
 class SettingsSession;
+class Translations;
 
 /// The pages of an installation's settings, one at a time, and the bar that saves them.
 ///
@@ -28,8 +31,9 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// @p session has loaded @p database; both live longer.
-    MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent = nullptr);
+    /// @p session has loaded @p database. These and @p translations live longer; without the latter there is no choice
+    /// of language.
+    MainWindow(InstallationDatabase &database, SettingsSession &session, Translations *translations = nullptr);
     ~MainWindow() override;
 
     /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
@@ -37,12 +41,15 @@ public:
     void showParameter(const SettingAddress &address);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *createCentralWidget();
     QLayout *createNavigation();
-    void createActions();
+    void connectMenu();
+    void showAbout();
+    void retranslate();
     void showPage(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
@@ -67,6 +74,8 @@ private:
     SettingsSearch m_search;
     SearchField *m_searchField;
     QVector<SettingAddress> m_storedProblems; ///< of what is stored
+    MainMenu *m_menu;
+    SettingsFiles *m_files;
     PageList *m_list;
     QStackedWidget *m_stack;
     QLabel *m_notice;

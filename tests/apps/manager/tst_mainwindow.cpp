@@ -8,18 +8,25 @@
 #include "searchresults.h"
 #include "sessionwait.h"
 #include "spotlight.h"
+#include "theme.h"
 
 #include <host/hostenvironment.h>
 #include <host/installationdatabase.h>
+#include <host/settingsdocument.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/translations.h>
 
 #include <vxsettings/dbkeys.h>
 
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -47,13 +54,13 @@ InstallationDatabase::Limits quickLimits()
 class Window
 {
 public:
-    explicit Window(const TestDatabase &file)
+    explicit Window(const TestDatabase &file, Translations *translations = nullptr)
         : database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample, quickLimits())
         , session(database)
     {
         if (const auto error = SessionWait::load(session))
             throw std::runtime_error(error->text().toStdString());
-        window = std::make_unique<MainWindow>(database, session);
+        window = std::make_unique<MainWindow>(database, session, translations);
         window->show();
         if (!QTest::qWaitForWindowExposed(window.get()))
             throw std::runtime_error("no window");
@@ -74,6 +81,24 @@ public:
         QTest::keyClick(window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
         for (const QChar c : words) // keyClicks() knows ASCII only
             QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
+    }
+
+    /// Opens a menu of the bar with the mouse, goes on with the keys, and ends with the entry that the last text names,
+    /// all without mnemonics.
+    void choose(const QStringList &path) const
+    {
+        auto *bar = window->menuBar();
+        QAction *action = entry(bar, path.first());
+        QVERIFY2(action, qPrintable(path.first()));
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action).center());
+        for (const QString &text : path.mid(1)) {
+            QMenu *menu = action->menu();
+            QTRY_VERIFY(menu->isVisible());
+            action = entry(menu, text);
+            QVERIFY2(action, qPrintable(text));
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, action->menu() ? Qt::Key_Right : Qt::Key_Return);
+        }
     }
 
     /// Goes to a page with the mouse.
@@ -98,6 +123,46 @@ public:
     InstallationDatabase database;
     SettingsSession session;
     std::unique_ptr<MainWindow> window;
+
+private:
+    static QAction *entry(const QWidget *menu, const QString &text)
+    {
+        for (QAction *action : menu->actions()) {
+            if (action->text().remove('&').section('\t', 0, 0) == text)
+                return action;
+        }
+        return nullptr;
+    }
+};
+
+/// Types a name into the file dialog that opens next, and waits for the box behind it.
+class FileAnswer
+{
+public:
+    explicit FileAnswer(const QString &path)
+        : m_path(path)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
+        m_timer.start(1);
+    }
+    QString said() const { return m_said; }
+
+private:
+    void answer()
+    {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (auto *dialog = qobject_cast<QFileDialog *>(modal); dialog && dialog->isVisible()) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText(m_path);
+            QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+        } else if (auto *box = qobject_cast<QMessageBox *>(modal); box && box->isVisible()) {
+            m_said = box->text();
+            QTest::keyClick(box, Qt::Key_Escape);
+        }
+    }
+
+    QTimer m_timer;
+    QString m_path;
+    QString m_said;
 };
 
 class TestMainWindow : public QObject
@@ -138,6 +203,12 @@ private Q_SLOTS:
     void aSearchScrollsAndUnfolds();
     void aSearchTellsThePages();
     void changesAndProblemsCanBeFiltered();
+    void theMenuFindsSavesAndQuits();
+    void theLanguageChangesAtOnce();
+    void theLookChangesAtOnce();
+    void settingsAreExported();
+    void aReportIsWritten();
+    void theProgramTellsItsVersion();
 
 private:
     QTemporaryDir m_config;
@@ -645,6 +716,98 @@ void TestMainWindow::changesAndProblemsCanBeFiltered()
     QVERIFY(results->isVisible());
     QCOMPARE(results->hitCount(), 1);
     QCOMPARE(results->currentAddress(), SettingAddress{MOBILE_HOST});
+}
+
+void TestMainWindow::theMenuFindsSavesAndQuits()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.choose({"Правка", "Найти…"});
+    QTRY_VERIFY(window.searchLine()->hasFocus());
+    window.typeHost("saved");
+    window.choose({"Файл", "Сохранить"});
+    QTRY_VERIFY(!window.window->isWindowModified());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
+    window.choose({"Файл", "Выход"});
+    QVERIFY(!window.window->isVisible());
+}
+
+void TestMainWindow::theLanguageChangesAtOnce()
+{
+    const TestDatabase database;
+    Translations translations("vxsettings-manager");
+    const Window window(database, &translations);
+    window.typeHost("edited");
+    const auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QCOMPARE(host->accessibleName(), QString("Хост"));
+
+    window.choose({"Вид", "Язык", Translations::name("en")});
+    QTRY_COMPARE(host->accessibleName(), QString("Host"));
+    QCOMPARE(window.list()->itemOf(DBGroups::Connection)->text(), QString("Connection settings"));
+    QTRY_COMPARE(window.revert()->text(), QString("&Revert"));
+    QCOMPARE(Translations::remembered(), QString("en"));
+    QCOMPARE(host->text(), QString("edited"));
+    QCOMPARE(window.session.changedAddresses(), QVector<SettingAddress>{{MOBILE_HOST}});
+
+    QVERIFY(translations.choose("ru"));
+    QTRY_COMPARE(window.revert()->text(), QString("&Отменить"));
+    QCOMPARE(host->accessibleName(), QString("Хост"));
+    QCOMPARE(host->text(), QString("edited"));
+}
+
+void TestMainWindow::theLookChangesAtOnce()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QColor before = window.window->palette().color(QPalette::Window);
+    window.choose({"Вид", "Оформление", "Тёмное"});
+    QVERIFY(window.window->palette().color(QPalette::Window).lightness() < 128);
+    QCOMPARE(Theme::remembered(), Theme::Kind::Dark);
+    window.choose({"Вид", "Оформление", "Светлое"});
+    QVERIFY(window.window->palette().color(QPalette::Window).lightness() > 128);
+    QCOMPARE(Theme::remembered(), Theme::Kind::Light);
+    window.choose({"Вид", "Оформление", "Как в системе"});
+    QCOMPARE(window.window->palette().color(QPalette::Window), before);
+    QCOMPARE(Theme::remembered(), Theme::Kind::System);
+}
+
+void TestMainWindow::settingsAreExported()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const FileAnswer answer(folder.filePath("settings.json"));
+    window.choose({"Файл", "Экспорт…"});
+    QCOMPARE(answer.said(), folder.filePath("settings.json"));
+    const auto reading = SettingsDocument::read(folder.filePath("settings.json"));
+    QVERIFY2(reading.document, qPrintable(reading.error));
+    QCOMPARE(reading.document->settings().value(MOBILE_HOST), QString("mobile.installation.example"));
+    QVERIFY(!reading.document->settings().contains(LOCKER_ACCESS_TOKEN));
+}
+
+void TestMainWindow::aReportIsWritten()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const FileAnswer answer(folder.filePath("report.pdf"));
+    window.choose({"Файл", "Отчёт в PDF…"});
+    QCOMPARE(answer.said(), folder.filePath("report.pdf"));
+    QFile file(folder.filePath("report.pdf"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith("%PDF-"));
+}
+
+void TestMainWindow::theProgramTellsItsVersion()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QCoreApplication::setApplicationVersion("1.2.3");
+    const ModalAnswer answer("Закрыть");
+    window.choose({"Справка", "О программе"});
+    QVERIFY(answer.wasGiven());
+    QVERIFY2(answer.text().contains("Версия 1.2.3"), qPrintable(answer.text()));
 }
 
 QTEST_MAIN(TestMainWindow)

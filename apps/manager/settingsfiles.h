@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+#include <optional>
+
+class DatabaseLocation;
+class QWidget;
+class SettingsSession;
+
+/// Writes what is stored into files that a person chooses, and tells what became of it.
+class SettingsFiles : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Asks over @p window, which is its parent. @p session lives longer.
+    SettingsFiles(const SettingsSession &session, const DatabaseLocation &location, QWidget *window);
+
+    /// All settings but secret ones, as a file to be imported.
+    void exportSettings();
+    /// All settings in words, to be printed.
+    void writeReport();
+
+private:
+    QString askWhereTo(const QString &title, const QString &filter, const QString &suffix);
+    void tell(const QString &path, const std::optional<QString> &problem);
+
+    const SettingsSession &m_session;
+    QString m_database; ///< its name for a person to read
+    QWidget *m_window;
+};

@@ -3,13 +3,13 @@
 #include "selftestsession.h"
 #include "sessionwait.h"
 
+#include <host/databasefile.h>
 #include <host/settingsstore.h>
 
 #include <vxsettings/dbkeys.h>
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QFileInfo>
 #include <QTextStream>
 
 namespace {
@@ -85,8 +85,12 @@ std::optional<DatabaseError> SelfTest::makeWorkingCopy()
 std::optional<DatabaseError> SelfTest::copyFile()
 {
     const QString path = m_database.filePath();
+    const DatabaseFile file(path);
+    // A pipe or a device would be read for ever.
+    if (auto problem = file.exists() ? file.problem() : std::nullopt)
+        return problem;
     m_originalContent = hashOfFile(path);
-    if (QFileInfo::exists(path)) {
+    if (file.exists()) {
         m_out << tr("Самопроверка на временной копии базы данных «%1».").arg(path) << '\n';
         return SettingsStore::copy(path, m_workingCopy);
     }
@@ -187,7 +191,11 @@ std::optional<DatabaseError> SelfTest::testOriginal()
 
 void SelfTest::report(bool passed, const QString &what)
 {
-    m_out << (passed ? tr("  верно:  ") : tr("  ОШИБКА: ")) << what << '\n';
+    //: As wide as the words for what failed, so that what follows stands in a column.
+    const QString right = tr("  верно:  ");
+    //: As wide as the words for what is right.
+    const QString wrong = tr("  ОШИБКА: ");
+    m_out << (passed ? right : wrong) << what << '\n';
     m_out.flush();
     m_passed = m_passed && passed;
 }

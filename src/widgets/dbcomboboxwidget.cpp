@@ -16,8 +16,10 @@ DBComboBoxWidget::DBComboBoxWidget(QWidget *parent)
     auto *comboBox = new QComboBox(this);
     comboBox->installEventFilter(this);
     comboBox->setFocusPolicy(Qt::StrongFocus); // the default, WheelFocus, pulls the focus here while the page scrolls
-    connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this, comboBox](int index) { Q_EMIT paramChanged(key(), comboBox->itemData(index)); });
+    connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, comboBox](int index) {
+        ComboBoxInterface::announceChoice(comboBox);
+        Q_EMIT paramChanged(key(), comboBox->itemData(index));
+    });
     setCentralWidget(comboBox);
 }
 

@@ -68,9 +68,10 @@ DBObjSelectorWidget::DBObjSelectorWidget(const QString &dataname, QWidget *paren
     connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
         if (dbsc().isDebugEnabled())
             choiceChanged().debug() << "Changing data" << index;
-        const auto *changed = qobject_cast<VXObjectSelector *>(sender());
+        auto *changed = qobject_cast<VXObjectSelector *>(sender());
         if (!changed)
             return;
+        ComboBoxInterface::announceChoice(changed);
         const QPointer<DBObjSelectorWidget> self(this);
         Q_EMIT paramChanged(key(), changed->currentUid());
         if (self)

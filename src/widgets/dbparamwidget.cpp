@@ -219,27 +219,20 @@ void DBParamWidget::retranslate()
 
 bool DBParamWidget::event(QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::Polish:
-    case QEvent::ToolTipChange: {
-        const bool isHandled = QWidget::event(event);
-        describeInput();
-        return isHandled;
-    }
-    case QEvent::LayoutRequest:
-    case QEvent::Resize:
-    case QEvent::Show: {
-        const bool isHandled = QWidget::event(event);
-        if (isVisible()) {
-            keepCaptionsWhole();
-            placeMark();
-            placeProblem();
-        }
-        return isHandled;
-    }
-    default:
+    const bool changesLayout = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
+    const bool changesDescription = event->type() == QEvent::Show || event->type() == QEvent::ToolTipChange;
+    if (!changesLayout && !changesDescription)
         return QWidget::event(event);
+
+    const bool isHandled = QWidget::event(event);
+    if (isVisible()) {
+        keepCaptionsWhole();
+        placeMark();
+        placeProblem();
+        if (changesDescription)
+            describeInput();
     }
+    return isHandled;
 }
 
 void DBParamWidget::keepCaptionsWhole()
@@ -283,7 +276,8 @@ void DBParamWidget::placeProblem()
 
 void DBParamWidget::describeInput()
 {
-    QWidget *input = testAttribute(Qt::WA_WState_Polished) ? centralWidget() : nullptr;
+    // What is on no screen is described when it gets there: that is no cost of building a page.
+    QWidget *input = isVisible() ? centralWidget() : nullptr;
     if (!input)
         return;
 

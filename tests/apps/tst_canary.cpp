@@ -5,13 +5,15 @@
 #include "messages.h"
 #include "secretsearch.h"
 
+#include <host/installationdatabase.h>
 #include <host/sampleinstallation.h>
-#include <host/settingscontroller.h>
+#include <host/settingssession.h>
 #include <host/settingsstore.h>
 
 #include <vxsettings/dbkeys.h>
 
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <QUuid>
 
@@ -174,27 +176,34 @@ class Page
 {
 public:
     explicit Page(const QString &databasePath)
-        : m_isOpen(!m_store.open(DatabaseLocation::ofFile(databasePath)))
-        , m_controller(m_store)
+        : m_database(DatabaseLocation::ofFile(databasePath))
+        , m_session(m_database)
     {
-        if (!m_isOpen || m_controller.load())
+        QSignalSpy loaded(&m_session, &SettingsSession::loaded);
+        m_session.load();
+        if (!loaded.wait())
             throw std::runtime_error("the database cannot be read");
     }
 
     /// Types the text into its editor and saves.
     bool enter(const QString &text)
     {
-        QWidget *page = m_controller.openPage(DBGroups::Users, &m_window);
+        QWidget *page = m_session.openPage(DBGroups::Users, &m_window);
         m_window.show();
         editors::retype(editors::input<QLineEdit>(page, PASSWORD_DEF), text);
-        return m_controller.save().isDone();
+        bool isDone = false;
+        const auto connection = QObject::connect(&m_session, &SettingsSession::saveFinished,
+                                                 [&isDone](const SaveResult &result) { isDone = result.isDone(); });
+        m_session.save();
+        const bool isSaved = QTest::qWaitFor([this] { return !m_session.isSaving(); }) && isDone;
+        QObject::disconnect(connection);
+        return isSaved;
     }
 
 private:
-    SettingsStore m_store;
-    bool m_isOpen;
+    InstallationDatabase m_database;
     QWidget m_window;
-    SettingsController m_controller;
+    SettingsSession m_session;
 };
 
 QByteArray document(const QString &secret)

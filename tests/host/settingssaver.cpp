@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QRandomGenerator>
 #include <QTextStream>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -13,9 +14,10 @@ using Outcome = SaveResult::Outcome;
 
 namespace {
 
-InstallationDatabase::Limits limits()
+InstallationDatabase::Limits limits(std::chrono::milliseconds deadline)
 {
     InstallationDatabase::Limits limits;
+    limits.call = deadline;
     limits.firstRetry = 20ms;
     limits.lastRetry = 200ms;
     return limits;
@@ -58,19 +60,20 @@ QString oneLine(const DatabaseError &error)
 class Saver
 {
 public:
-    Saver(const QString &url, bool all, int saves, quint32 seed)
-        : m_database(DatabaseLocation(url), InstallationDatabase::Missing::CreateSample, limits())
+    Saver(const QString &url, bool all, int saves, quint32 seed, std::chrono::milliseconds patience,
+          std::chrono::milliseconds deadline)
+        : m_database(DatabaseLocation(url), InstallationDatabase::Missing::CreateSample, limits(deadline))
         , m_all(all)
         , m_left(saves)
         , m_random(seed)
         , m_name(QString::number(seed))
     {
         QObject::connect(&m_database, &InstallationDatabase::waiting, &m_database, [this](auto wait) {
-            // What is not known by then is not going to be known.
             if (wait == InstallationDatabase::Wait::Resolving && !m_patience.isActive())
-                m_patience.start(500ms);
+                m_patience.start();
         });
         m_patience.setSingleShot(true);
+        m_patience.setInterval(patience);
         QObject::connect(&m_patience, &QTimer::timeout, &m_database, [this] { m_database.cancel(); });
     }
 
@@ -141,8 +144,12 @@ private:
     QTextStream m_out{stdout};
 };
 
-/// settingssaver DATABASE all|some SAVES SEED: counts settings up, 20 or 1 to 10 of them in a save, until SAVES saves
-/// were stored or failed. Prints a line before each save and one after it:
+/// settingssaver DATABASE all|some SAVES SEED [PATIENCE [DEADLINE]]: counts settings up, 20 or 1 to 10 of them in a
+/// save, until SAVES saves were stored or failed. A save whose outcome is not known PATIENCE milliseconds later is
+/// given up. With a DEADLINE for calls, also in milliseconds, the program stays for another second, for what overran
+/// it.
+///
+/// Prints a line before each save and one after it:
 ///
 ///   saving REASON     with which the history will have it
 ///   saved COUNT       settings
@@ -156,7 +163,14 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    Saver saver(arguments[1], arguments[2] == QLatin1String("all"), arguments[3].toInt(), arguments[4].toUInt());
+    const auto milliseconds = [&arguments](int position, int otherwise) {
+        return std::chrono::milliseconds(position < arguments.size() ? arguments[position].toInt() : otherwise);
+    };
+    Saver saver(arguments[1], arguments[2] == QLatin1String("all"), arguments[3].toInt(), arguments[4].toUInt(),
+                milliseconds(5, 30000), milliseconds(6, 30000));
     QTimer::singleShot(0, &application, [&saver] { saver.loadAndSave(); });
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    if (arguments.size() > 6)
+        QThread::sleep(1);
+    return status;
 }

@@ -24,7 +24,12 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr int savesPerProgram = 4;
+/// Saves all counters four times with the seed 1.
+const QStringList fourSaves{"all", "4", "1"};
+/// An outcome that cannot be found out is given up soon.
+const QStringList impatientSaves = fourSaves + QStringList{"300"};
+/// With a short deadline for calls.
+const QStringList hastySave{"all", "1", "1", "30000", "200"};
 constexpr int counters = 20;
 
 /// Of these, SQLite and Qt make every change of a file and its folder.
@@ -33,6 +38,7 @@ const QStringList fileCalls{"pwrite64",  "pwritev", "writev", "fsync",  "fdatasy
 /// The same, and what else a program writes. A failure of that would break the event loop and not a file.
 const QStringList writingCalls = fileCalls + QStringList{"write"};
 const QStringList syncCalls{"fsync", "fdatasync"};
+const QStringList hangingCalls{"fcntl", "pwrite64", "fdatasync"};
 
 struct Run
 {
@@ -45,15 +51,15 @@ struct Run
 };
 
 /// A saver below strace, which writes down its calls of the kinds @p calls and does to them what @p injection says.
-Run runSaver(const TestDatabase &database, const QStringList &calls, const QString &injection = {})
+Run runSaver(const TestDatabase &database, const QStringList &calls, const QStringList &saverArguments,
+             const QString &injection = {})
 {
     const TestDatabase logPlace;
     QStringList arguments{"-f", "-o", logPlace.path(), "-e", "trace=" + calls.join(',')};
     if (!injection.isEmpty())
         arguments << "-e"
                   << "inject=" + injection;
-    arguments << QCoreApplication::applicationDirPath() + "/settingssaver" << database.path() << "all"
-              << QString::number(savesPerProgram) << "1";
+    arguments << QCoreApplication::applicationDirPath() + "/settingssaver" << database.path() << saverArguments;
 
     QProcess strace;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -68,19 +74,23 @@ Run runSaver(const TestDatabase &database, const QStringList &calls, const QStri
     lines.removeLast();
     const QByteArray log = QFile::exists(logPlace.path()) ? logPlace.bytes() : QByteArray();
     const bool isKilled = strace.exitStatus() == QProcess::CrashExit;
-    return {isKilled || log.contains("(INJECTED)"), isKilled, strace.exitCode(), lines,
-            strace.readAllStandardError(),          log};
+    return {isKilled || log.contains("(INJECTED)") || log.contains("(DELAYED)"),
+            isKilled,
+            strace.exitCode(),
+            lines,
+            strace.readAllStandardError(),
+            log};
 }
 
 /// One call of a program: the kind, and the number of it among those of its kind in its thread.
 using Call = QPair<QString, int>;
 
 /// Every call of the kinds @p kinds that a saver makes, and one past the last of each kind.
-QVector<Call> callsOfSaver(const TestDatabase &database, const QStringList &kinds)
+QVector<Call> callsOfSaver(const TestDatabase &database, const QStringList &kinds, const QStringList &saver)
 {
     QMap<QString, QMap<QString, int>> counts; // kind, thread
     static const QRegularExpression call("^(\\d+) +(\\w+)\\(", QRegularExpression::MultilineOption);
-    auto found = call.globalMatch(runSaver(database, kinds).log);
+    auto found = call.globalMatch(runSaver(database, kinds, saver).log);
     while (found.hasNext()) {
         const auto match = found.next();
         ++counts[match.captured(2)][match.captured(1)];
@@ -211,20 +221,20 @@ void openAndRead(SettingsStore &store, const TestDatabase &database)
 }
 
 /// Every call of these kinds that a saver makes, and one past the last of each.
-QVector<Call> allCalls(const QStringList &kinds, bool hasCompany)
+QVector<Call> allCalls(const QStringList &kinds, const QStringList &saver, bool hasCompany)
 {
     const TestDatabase database;
     SettingsStore company;
     if (hasCompany)
         openAndRead(company, database);
-    return callsOfSaver(database, kinds);
+    return callsOfSaver(database, kinds, saver);
 }
 
 QVector<Call> sample(QVector<Call> calls, quint32 seed)
 {
     QRandomGenerator random(seed);
     std::shuffle(calls.begin(), calls.end(), random);
-    return calls.mid(0, 6);
+    return calls.mid(0, 5);
 }
 } // namespace
 
@@ -232,7 +242,7 @@ void TestDiskFaults::initTestCase()
 {
     failOnUnexpectedMessages();
     const TestDatabase database;
-    const Run run = runSaver(database, {"pwrite64"}, "pwrite64:signal=SIGKILL:when=2");
+    const Run run = runSaver(database, {"pwrite64"}, fourSaves, "pwrite64:signal=SIGKILL:when=2");
     QVERIFY2(run.isKilled, "strace must be installed and allowed to trace: " + run.complaint);
 }
 
@@ -240,31 +250,34 @@ void TestDiskFaults::whatWasToldOfASaveIsTrue_data()
 {
     QTest::addColumn<QStringList>("kinds");
     QTest::addColumn<QString>("fault");
-    QTest::addColumn<bool>("lasts");
+    QTest::addColumn<QStringList>("saver");
     QTest::addColumn<bool>("hasCompany");
     for (const bool hasCompany : {false, true}) {
-        const auto row = [hasCompany](const char *name, const QStringList &kinds, const char *fault, bool lasts) {
+        const auto row = [hasCompany](const char *name, const QStringList &kinds, const char *fault,
+                                      const QStringList &saver) {
             const char *company = hasCompany ? "beside another program" : "alone";
-            QTest::addRow("%s, %s", name, company) << kinds << QString(fault) << lasts << hasCompany;
+            QTest::addRow("%s, %s", name, company) << kinds << QString(fault) << saver << hasCompany;
         };
-        row("killed", writingCalls, "signal=SIGKILL", false);
-        row("disk full once", fileCalls, "error=ENOSPC", false);
-        row("disk full from then on", fileCalls, "error=ENOSPC", true);
-        row("disk that does not sync", syncCalls, "error=EIO", false);
-        row("disk broken once", fileCalls, "error=EIO", false);
-        row("disk broken from then on", fileCalls, "error=EIO", true);
+        row("killed", writingCalls, "signal=SIGKILL", fourSaves);
+        row("disk full once", fileCalls, "error=ENOSPC", fourSaves);
+        row("disk full from then on", fileCalls, "error=ENOSPC", impatientSaves);
+        row("disk that does not sync", syncCalls, "error=EIO", fourSaves);
+        row("disk broken once", fileCalls, "error=EIO", fourSaves);
+        row("disk broken from then on", fileCalls, "error=EIO", impatientSaves);
     }
+    QTest::addRow("disk that hangs") << hangingCalls << "delay_enter=800000" << hastySave << true;
 }
 
 void TestDiskFaults::whatWasToldOfASaveIsTrue()
 {
     QFETCH(QStringList, kinds);
     QFETCH(QString, fault);
-    QFETCH(bool, lasts);
+    QFETCH(QStringList, saver);
     QFETCH(bool, hasCompany);
     const quint32 seed = testrun::seed();
-    const QVector<Call> all = allCalls(kinds, hasCompany);
+    const QVector<Call> all = allCalls(kinds, saver, hasCompany);
     const QVector<Call> calls = testrun::isLong() || kinds == syncCalls ? all : sample(all, seed);
+    const bool lasts = saver == impatientSaves;
     int hurt = 0;
     Told sum;
     for (const Call &call : calls) {
@@ -274,7 +287,7 @@ void TestDiskFaults::whatWasToldOfASaveIsTrue()
             openAndRead(company, database);
         const QString injection =
             QString("%1:%2:when=%3%4").arg(call.first, fault).arg(call.second).arg(lasts ? "+" : "");
-        const Run run = runSaver(database, {call.first}, injection);
+        const Run run = runSaver(database, {call.first}, saver, injection);
         const Told told(run.lines);
         const QByteArray where = QString("seed %1, %2: ").arg(seed).arg(injection).toUtf8();
         const QByteArray output = "\n" + run.lines.join('\n') + run.complaint;

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Runs the tests of faults and of invented input in their long form, which tries everything that scripts/test.sh only
+# takes samples of. Takes about half an hour; the figures and seeds are printed. Ends at the first test that fails.
+#
+#   scripts/long-tests.sh            all of them
+#   scripts/long-tests.sh TEST...    these, for example tst_diskfaults
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+# Each test with how many times as much it does.
+declare -A scales=(
+    [tst_savefaults]=25
+    [tst_serverfaults]=10
+    [tst_diskfaults]=25
+)
+tests=("$@")
+if ((${#tests[@]} == 0)); then
+    mapfile -t tests < <(printf '%s\n' "${!scales[@]}" | sort)
+fi
+
+scripts/install-deps.sh --test
+cmake --preset dev > /dev/null
+cmake --build --preset dev
+for test in "${tests[@]}"; do
+    [[ -n ${scales[$test]:-} ]] || { echo "No long test has the name $test" >&2; exit 2; }
+    VXSETTINGS_TEST_SCALE=${scales[$test]} ctest --preset dev --verbose --tests-regex "^$test\$" --timeout 3600
+done

@@ -86,6 +86,14 @@
         <source>Он остался как есть. Укажите другой в параметре --database.</source>
         <translation>It was left as it is. Name another one with the option --database.</translation>
     </message>
+    <message>
+        <source>Рядом лежит «%1», и это не обычный файл.</source>
+        <translation>Beside it there is “%1”, and that is not a regular file.</translation>
+    </message>
+    <message>
+        <source>На этом месте база данных хранит свой журнал. Уберите то, что там лежит.</source>
+        <translation>That is where the database keeps its log. Remove what is there.</translation>
+    </message>
 </context>
 <context>
     <name>DatabaseLocation</name>
@@ -127,6 +135,29 @@
     <message>
         <source>Проверьте сеть и сервер.</source>
         <translation>Check the network and the server.</translation>
+    </message>
+</context>
+<context>
+    <name>DraftEdit</name>
+    <message>
+        <source>С тех пор настройку никто не менял.</source>
+        <translation>Nobody has changed the setting since.</translation>
+    </message>
+    <message>
+        <source>Это значение уже сохранено.</source>
+        <translation>This value is saved already.</translation>
+    </message>
+    <message>
+        <source>С тех пор настройку изменил кто-то другой.</source>
+        <translation>Somebody else has changed the setting since.</translation>
+    </message>
+    <message>
+        <source>Такой настройки больше нет.</source>
+        <translation>There is no such setting any more.</translation>
+    </message>
+    <message>
+        <source>Черновик сделан не в этой базе данных или база восстановлена из старой копии.</source>
+        <translation>The draft was made in another database, or the database was restored from an old copy.</translation>
     </message>
 </context>
 <context>
@@ -351,8 +382,8 @@
         <translation>hidden</translation>
     </message>
     <message>
-        <source>«%1»</source>
-        <translation>“%1”</translation>
+        <source>не выбрано</source>
+        <translation>not chosen</translation>
     </message>
 </context>
 <context>
@@ -411,6 +442,52 @@
     <message>
         <source>Значение настройки «%1» — не текст.</source>
         <translation>The value of the setting “%1” is not a text.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDraft</name>
+    <message>
+        <source>Черновик несохранённых изменений «%1» не читается: %2.</source>
+        <translation>The draft of unsaved changes “%1” cannot be read: %2.</translation>
+    </message>
+    <message>
+        <source>Файл «%1» — не черновик изменений этой базы данных.</source>
+        <translation>The file “%1” is not a draft of changes of this database.</translation>
+    </message>
+    <message>
+        <source>Не удаётся создать черновик несохранённых изменений в папке «%1».</source>
+        <translation>Cannot create a draft of unsaved changes in the folder “%1”.</translation>
+    </message>
+    <message>
+        <source>Не удаётся удалить файл «%1»: %2.</source>
+        <translation>Cannot remove the file “%1”: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsReport</name>
+    <message>
+        <source>Настройки базы данных</source>
+        <translation>Database settings</translation>
+    </message>
+    <message>
+        <source>База данных: %1</source>
+        <translation>Database: %1</translation>
+    </message>
+    <message>
+        <source>Дата: %1</source>
+        <translation>Date: %1</translation>
+    </message>
+    <message>
+        <source>Замечаний: %1</source>
+        <translation>Remarks: %1</translation>
+    </message>
+    <message>
+        <source>Настройки, которых нет в каталоге</source>
+        <translation>Settings that are not in the catalogue</translation>
+    </message>
+    <message>
+        <source>%1 — лист %2 из %3</source>
+        <translation>%1 — sheet %2 of %3</translation>
     </message>
 </context>
 <context>

@@ -27,6 +27,48 @@
         <source>Изменено настроек: %1</source>
         <translation>Settings changed: %1</translation>
     </message>
+    <message>
+        <source>&amp;Прервать</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message>
+        <source>Больше не ждать. Изменения останутся несохранёнными</source>
+        <translation>Wait no longer. The changes stay unsaved</translation>
+    </message>
+    <message>
+        <source> (в другом месте тоже: %1)</source>
+        <translation> (elsewhere too: %1)</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeStampWords</name>
+    <message>
+        <source>пользователь %1</source>
+        <translation>user %1</translation>
+    </message>
+    <message>
+        <source>рабочее место %1</source>
+        <translation>workstation %1</translation>
+    </message>
+    <message>
+        <source>программа %1</source>
+        <translation>program %1</translation>
+    </message>
+    <message>
+        <source>Кто изменил, не известно</source>
+        <translation>It is not known who changed it</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeTree</name>
+    <message>
+        <source>%1, другое значение</source>
+        <translation>%1, another value</translation>
+    </message>
+    <message>
+        <source>Настройки, которых нет в каталоге</source>
+        <translation>Settings that are not in the catalogue</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -37,10 +79,6 @@
     <message>
         <source>Показать версию программы.</source>
         <translation>Show the version of the program.</translation>
-    </message>
-    <message>
-        <source>Файл базы данных: sqlite:ПУТЬ или просто путь. Если файла нет, он создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных пользователя.</source>
-        <translation>The database file: sqlite:PATH or just a path. If there is no such file, it is created with sample settings. Without this option, the variable VXSETTINGS_DATABASE names the database; without that, it is a file in the user’s data folder.</translation>
     </message>
     <message>
         <source>Записать изображение каждой страницы (PNG) в папку ПАПКА. Дисплей не нужен.</source>
@@ -71,10 +109,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <translation>Unexpected argument: “%1”.</translation>
     </message>
     <message>
-        <source>Не указан файл базы данных.</source>
-        <translation>No database file is given.</translation>
-    </message>
-    <message>
         <source>Не указана папка для изображений.</source>
         <translation>No folder for the pictures is given.</translation>
     </message>
@@ -90,48 +124,20 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Нет такого языка: «%1». Языки: %2.</source>
         <translation>There is no such language: “%1”. The languages: %2.</translation>
     </message>
+    <message>
+        <source>База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ). Где её ещё нет, она создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных пользователя.</source>
+        <translation>The database: a file (sqlite:PATH, PATH) or a server (postgresql://WHO@HOST:PORT/NAME). Where there is none yet, it is created with sample settings. Without the option the value of the variable VXSETTINGS_DATABASE is taken, without that a file in the user’s data folder.</translation>
+    </message>
+    <message>
+        <source>Не указана база данных.</source>
+        <translation>No database is given.</translation>
+    </message>
 </context>
 <context>
     <name>ConflictDialog</name>
     <message>
         <source>Настройки изменены в другом месте</source>
         <translation>Settings were changed elsewhere</translation>
-    </message>
-    <message>
-        <source>Пока вы редактировали настройки, эти параметры изменила другая программа. Ничего не записано.</source>
-        <translation>While you were editing, another program changed these settings. Nothing has been saved.</translation>
-    </message>
-    <message>
-        <source>Сейчас в базе данных:</source>
-        <translation>Now in the database:</translation>
-    </message>
-    <message>
-        <source>У вас:</source>
-        <translation>Yours:</translation>
-    </message>
-    <message>
-        <source>Было:</source>
-        <translation>Before:</translation>
-    </message>
-    <message>
-        <source>Различия</source>
-        <translation>Differences</translation>
-    </message>
-    <message>
-        <source>&amp;Записать мои</source>
-        <translation>&amp;Save mine</translation>
-    </message>
-    <message>
-        <source>Заменить значения в базе данных вашими</source>
-        <translation>Replace the values in the database with yours</translation>
-    </message>
-    <message>
-        <source>&amp;Перечитать базу</source>
-        <translation>&amp;Reload the database</translation>
-    </message>
-    <message>
-        <source>Взять значения из базы данных. Все ваши несохранённые изменения будут потеряны</source>
-        <translation>Take the values from the database. All your unsaved changes will be lost</translation>
     </message>
     <message>
         <source>&amp;Вернуться</source>
@@ -141,12 +147,262 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Ничего не записывать и продолжить</source>
         <translation>Save nothing and continue editing</translation>
     </message>
+    <message>
+        <source>Пока вы редактировали настройки, эти параметры изменил кто-то другой. Ничего не записано. Выберите, какое значение оставить.</source>
+        <translation>While you were editing settings, somebody else changed these. Nothing was saved. Choose which value to keep.</translation>
+    </message>
+    <message>
+        <source>Было: %1</source>
+        <translation>Was: %1</translation>
+    </message>
+    <message>
+        <source>Взять из базы данных</source>
+        <translation>Take that of the database</translation>
+    </message>
+    <message>
+        <source>Записать моё</source>
+        <translation>Save mine</translation>
+    </message>
+    <message>
+        <source>Все из &amp;базы</source>
+        <translation>All of the &amp;database</translation>
+    </message>
+    <message>
+        <source>Все &amp;мои</source>
+        <translation>All &amp;mine</translation>
+    </message>
+    <message>
+        <source>&amp;Записать выбранное</source>
+        <translation>&amp;Save what is chosen</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>%1. Причина: %2</source>
+        <translation>%1. Reason: %2</translation>
+    </message>
+    <message>
+        <source>История читается…</source>
+        <translation>Reading the history…</translation>
+    </message>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>Было</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>Стало</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>История: %1</source>
+        <translation>History: %1</translation>
+    </message>
+    <message>
+        <source>История изменений</source>
+        <translation>History of changes</translation>
+    </message>
+    <message>
+        <source>Вернуть &amp;прежнее значение</source>
+        <translation>Bring the &amp;earlier value back</translation>
+    </message>
+    <message>
+        <source>Поставить в редактор значение из столбца «Было». Сохраняется оно обычным образом</source>
+        <translation>Put the value of the column “Before” into the editor. It is saved as usual</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Изменений не было</source>
+        <translation>There were no changes</translation>
+    </message>
+    <message>
+        <source>Изменений: %1</source>
+        <translation>Changes: %1</translation>
+    </message>
+    <message>
+        <source>скрыто</source>
+        <translation>hidden</translation>
+    </message>
+</context>
+<context>
+    <name>ImportDialog</name>
+    <message>
+        <source>изменятся: %1</source>
+        <translation>will change: %1</translation>
+    </message>
+    <message>
+        <source>изменится</source>
+        <translation>will change</translation>
+    </message>
+    <message>
+        <source>без изменений: %1</source>
+        <translation>unchanged: %1</translation>
+    </message>
+    <message>
+        <source>без изменений</source>
+        <translation>unchanged</translation>
+    </message>
+    <message>
+        <source>не подходят: %1</source>
+        <translation>not valid: %1</translation>
+    </message>
+    <message>
+        <source>не подходит</source>
+        <translation>not valid</translation>
+    </message>
+    <message>
+        <source>нет в каталоге: %1</source>
+        <translation>not in the catalogue: %1</translation>
+    </message>
+    <message>
+        <source>нет в каталоге, здесь не меняется</source>
+        <translation>not in the catalogue, is not changed here</translation>
+    </message>
+    <message>
+        <source>нет в файле: %1</source>
+        <translation>not in the file: %1</translation>
+    </message>
+    <message>
+        <source>нет в файле, не меняется</source>
+        <translation>not in the file, is not changed</translation>
+    </message>
+    <message>
+        <source>отличаются: %1</source>
+        <translation>different: %1</translation>
+    </message>
+    <message>
+        <source>отличается</source>
+        <translation>different</translation>
+    </message>
+    <message>
+        <source>одинаковы: %1</source>
+        <translation>equal: %1</translation>
+    </message>
+    <message>
+        <source>одинаково</source>
+        <translation>equal</translation>
+    </message>
+    <message>
+        <source>в файле недопустимое значение</source>
+        <translation>the value in the file is not valid</translation>
+    </message>
+    <message>
+        <source>нет в каталоге</source>
+        <translation>not in the catalogue</translation>
+    </message>
+    <message>
+        <source>нет в файле</source>
+        <translation>not in the file</translation>
+    </message>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>В базе данных</source>
+        <translation>In the database</translation>
+    </message>
+    <message>
+        <source>В файле</source>
+        <translation>In the file</translation>
+    </message>
+    <message>
+        <source>Сравнение</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Загрузка настроек из файла</source>
+        <translation>Import settings from a file</translation>
+    </message>
+    <message>
+        <source>Сравнение с файлом</source>
+        <translation>Compare with a file</translation>
+    </message>
+    <message>
+        <source>Отличия файла от базы данных</source>
+        <translation>Differences between the file and the database</translation>
+    </message>
+    <message>
+        <source>Файл «%1»</source>
+        <translation>File “%1”</translation>
+    </message>
+    <message>
+        <source>Искать в списке</source>
+        <translation>Search the list</translation>
+    </message>
+    <message>
+        <source>Какие настройки показывать</source>
+        <translation>Which settings to show</translation>
+    </message>
+    <message>
+        <source>все: %1</source>
+        <translation>all: %1</translation>
+    </message>
+    <message>
+        <source>О&amp;тметить все</source>
+        <translation>Check &amp;all</translation>
+    </message>
+    <message>
+        <source>&amp;Снять все</source>
+        <translation>&amp;Uncheck all</translation>
+    </message>
+    <message>
+        <source>Только среди тех, которые видны</source>
+        <translation>Only among those that are visible</translation>
+    </message>
+    <message>
+        <source>Поставить отмеченные значения в редакторы. Сохраняются они обычным образом</source>
+        <translation>Put the checked values into the editors. They are saved as usual</translation>
+    </message>
+    <message>
+        <source>Отме&amp;на</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>C&amp;lose</translation>
+    </message>
+    <message>
+        <source>Настройки — %1</source>
+        <translation>Settings — %1</translation>
+    </message>
+    <message>
+        <source>&amp;Взять отмеченные: %1</source>
+        <translation>&amp;Take the checked ones: %1</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>%1[*] — Настройки базы данных</source>
         <translation>%1[*] – Database settings</translation>
+    </message>
+    <message>
+        <source>%1 Изменения можно будет сохранить, когда связь восстановится.</source>
+        <translation>%1 The changes can be saved when the connection is back.</translation>
+    </message>
+    <message>
+        <source>Сохранение…</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>База данных занята другой программой. Ожидание…</source>
+        <translation>Another program is using the database. Waiting…</translation>
+    </message>
+    <message>
+        <source>Выясняется, записаны ли изменения…</source>
+        <translation>Finding out whether the changes were saved…</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Соединение…</source>
+        <translation>There is no connection to the database. Connecting…</translation>
     </message>
 </context>
 <context>
@@ -180,6 +436,53 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Не удаётся записать файл «%1».</source>
         <translation>The file “%1” cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewDialog</name>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>Сейчас</source>
+        <translation>Now</translation>
+    </message>
+    <message>
+        <source>Станет</source>
+        <translation>Afterwards</translation>
+    </message>
+    <message>
+        <source>Изменения</source>
+        <translation>Changes</translation>
+    </message>
+    <message>
+        <source>Изменения перед сохранением</source>
+        <translation>Changes before they are saved</translation>
+    </message>
+    <message>
+        <source>Необязательно. Останется в истории изменений</source>
+        <translation>Optional. It stays in the history of changes</translation>
+    </message>
+    <message>
+        <source>&amp;Причина:</source>
+        <translation>&amp;Reason:</translation>
+    </message>
+    <message>
+        <source>Причина</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>&amp;Сохранить</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Вернуться</source>
+        <translation>&amp;Go back</translation>
+    </message>
+    <message>
+        <source>Изменений: %1</source>
+        <translation>Changes: %1</translation>
     </message>
 </context>
 <context>
@@ -227,6 +530,56 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Неизвестно, записаны ли изменения. Когда связь восстановится, записанное перестанет отмечаться как изменённое.</source>
+        <translation>It is not known whether the changes were saved. When the connection is back, what was saved will no longer be marked as changed.</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Найдено: %1. %2</source>
+        <translation>Found: %1. %2</translation>
+    </message>
+    <message>
+        <source>Поиск настроек (%1)</source>
+        <translation>Search settings (%1)</translation>
+    </message>
+    <message>
+        <source>Поиск настроек</source>
+        <translation>Search settings</translation>
+    </message>
+    <message>
+        <source>По названиям, вариантам, подсказкам, ключам и близким по смыслу словам, на русском и английском языках</source>
+        <translation>By captions, choices, tool tips, keys and words of similar meaning, in Russian and English</translation>
+    </message>
+    <message>
+        <source>Изменённые (%1)</source>
+        <translation>Changed (%1)</translation>
+    </message>
+    <message>
+        <source>Показывать только настройки с несохранёнными изменениями</source>
+        <translation>Show only settings with unsaved changes</translation>
+    </message>
+    <message>
+        <source>С ошибками (%1)</source>
+        <translation>With problems (%1)</translation>
+    </message>
+    <message>
+        <source>Показывать только настройки, с которыми что-то не так</source>
+        <translation>Show only settings with which something is wrong</translation>
+    </message>
+</context>
+<context>
+    <name>SearchResults</name>
+    <message>
+        <source>Результаты поиска</source>
+        <translation>Search results</translation>
+    </message>
+    <message>
+        <source>Ничего не найдено</source>
+        <translation>Nothing found</translation>
     </message>
 </context>
 <context>

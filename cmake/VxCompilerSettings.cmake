@@ -1,5 +1,6 @@
 # Compiler settings that every target of this project shares; they never reach a consumer.
 add_library(vx_compiler_settings INTERFACE)
+target_include_directories(vx_compiler_settings INTERFACE ${PROJECT_SOURCE_DIR}/compat)
 target_compile_options(vx_compiler_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow
     $<$<BOOL:${VXSETTINGS_WARNINGS_AS_ERRORS}>:-Werror>

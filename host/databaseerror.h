@@ -14,6 +14,7 @@ public:
         Missing,      ///< there is no installation database
         Exists,       ///< there is something already where one was to be made
         Busy,         ///< somebody else is writing
+        Full,         ///< there is no room on the disk, and nothing was written
         Disconnected, ///< the connection is lost, or there was no answer in time
         Cancelled,    ///< the caller gave up
     };

@@ -428,17 +428,15 @@ void InstallationDatabase::note(const std::optional<DatabaseError> &error)
         lose(*error);
     else if (!error && m_connection == Connection::None)
         m_connection = Connection::Alive;
-    else if (!error && m_connection == Connection::Lost && m_isWatching)
+    else if (!error && m_connection == Connection::Lost && !m_isReconnecting)
         m_reconnectRetry.start(0);
-    else if (!error)
-        m_connection = Connection::Alive;
 }
 
 void InstallationDatabase::lose(const DatabaseError &error)
 {
     if (m_connection == Connection::Lost)
         return;
-    m_connection = Connection::Lost;
+    m_connection = m_isWatching ? Connection::Lost : Connection::None;
     if (!m_isWatching)
         return;
     reset(m_reconnectRetry);
@@ -449,10 +447,12 @@ void InstallationDatabase::lose(const DatabaseError &error)
 /// What was told while there was no connection is gone, so everything is read again.
 void InstallationDatabase::reconnect()
 {
+    m_isReconnecting = true;
     Q_EMIT waiting(Wait::Connecting);
     using Result = DatabaseResult<Installation>;
     enqueue(callFor<Result>([](DatabaseWorker &worker) { return worker.access<Result>(loaded); },
                             [this](const Result &result) {
+                                m_isReconnecting = false;
                                 if (result.error)
                                     return startLater(m_reconnectRetry, m_limits);
                                 reset(m_reconnectRetry);

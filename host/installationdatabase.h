@@ -120,7 +120,7 @@ private:
         Callback<SaveResult> done;
         bool isGivenUp = false;
     };
-    enum class Connection { None, Alive, Lost };
+    enum class Connection { None, Alive, Lost }; ///< lost only while others are watched
 
     template <typename Result>
     Call callFor(const std::function<Result(DatabaseWorker &)> &work, const Callback<Result> &done) const;
@@ -164,4 +164,5 @@ private:
     bool m_isRefreshQueued = false;
     QTimer m_pulse;
     QTimer m_reconnectRetry;
+    bool m_isReconnecting = false; ///< a call for it is waiting or under way
 };

@@ -121,8 +121,16 @@ struct FlagWord
     const char *stored;
 };
 constexpr FlagWord flagWords[] = {
-    {"true", "true"},   {"yes", "true"}, {"1", "true"},  {QT_TRANSLATE_NOOP("ParameterDomain", "да"), "true"},
-    {"false", "false"}, {"no", "false"}, {"0", "false"}, {QT_TRANSLATE_NOOP("ParameterDomain", "нет"), "false"},
+    {"true", "true"},
+    {"yes", "true"},
+    {"1", "true"},
+    {"false", "false"},
+    {"no", "false"},
+    {"0", "false"},
+    //: What a user types to switch a flag on, in lower case.
+    {QT_TRANSLATE_NOOP("ParameterDomain", "да"), "true"},
+    //: What a user types to switch a flag off, in lower case.
+    {QT_TRANSLATE_NOOP("ParameterDomain", "нет"), "false"},
 };
 
 QString flag(const Parameter &, const QString &words)

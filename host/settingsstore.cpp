@@ -30,11 +30,11 @@ bool hasContent(const QString &path)
 }
 
 /// How to look into a database so that nothing changes. A writer that closes it tidies up: it carries over what a
-/// killed program has left in its logs. A reader leaves empty logs behind where there were none.
+/// killed program has left in its log. A reader leaves an empty log behind where there was none, and can read nothing
+/// at all where a killed program has left half a change that must be taken back by its journal.
 Mode modeForLooking(const QString &path)
 {
-    const bool hasLogs = hasContent(path + QStringLiteral("-wal")) || hasContent(path + QStringLiteral("-journal"));
-    return hasLogs ? Mode::ReadOnly : Mode::ReadWrite;
+    return hasContent(path + QStringLiteral("-wal")) ? Mode::ReadOnly : Mode::ReadWrite;
 }
 
 std::optional<DatabaseError> fileProblem(const DatabaseLocation &location)
@@ -202,17 +202,17 @@ SaveResult SettingsStore::write(const SaveOrder &order, const std::function<bool
 }
 
 /// Whether a commit that failed with @p error has stored nothing. After an error of the disk, or without an answer of
-/// the server, it may have.
+/// the server, it may have. A file that finds no room lacks the end of the change, and counts for nothing.
 bool SettingsStore::isRefusal(const DatabaseError &error) const
 {
     using Kind = DatabaseError::Kind;
-    return error.kind == Kind::Busy || (!isFile() && error.kind != Kind::Disconnected);
+    return error.kind == Kind::Busy || error.kind == Kind::Full || (!isFile() && error.kind != Kind::Disconnected);
 }
 
 DatabaseResult<QVector<HistoryRecord>> SettingsStore::outcome(const QString &saveId)
 {
     // Waits for the end of the save in question: the writer of a file is alone, that on a server holds its lock.
-    const SqlTransaction transaction(*m_connection, SqlTransaction::Kind::Write);
+    SqlTransaction transaction(*m_connection, SqlTransaction::Kind::Write);
     if (!transaction.isActive())
         return m_connection->error();
     const QVariant isOver = isFile() ? QVariant(true) : m_connection->selectOne(tryLockSave, {saveId});
@@ -221,9 +221,17 @@ DatabaseResult<QVector<HistoryRecord>> SettingsStore::outcome(const QString &sav
     if (!isOver.toBool())
         return stillUnderWay(m_connection->location());
     const auto records = SettingsHistory(*m_connection).recordsOfSave(saveId);
-    if (!records)
+    if (!records || (isFile() && !(writeAnything() && transaction.commit())))
         return m_connection->error();
     return *records;
+}
+
+/// A change whose last step, the syncing of the disk, has failed stands in the log of a file and counts for nothing,
+/// but only until the machine starts again, when it is taken for a save. The next change takes its place.
+bool SettingsStore::writeAnything()
+{
+    const QVariant version = m_connection->selectOne(QStringLiteral("PRAGMA user_version"));
+    return version.isValid() && m_connection->execute(QStringLiteral("PRAGMA user_version = ") + version.toString());
 }
 
 std::optional<DatabaseError> SettingsStore::history(const QString &key, QVector<HistoryRecord> &records)

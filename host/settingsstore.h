@@ -79,6 +79,7 @@ private:
     std::optional<DatabaseError> placeProblem() const;
     SaveResult write(const SaveOrder &order, const std::function<bool()> &mayCommit);
     bool isRefusal(const DatabaseError &error) const;
+    bool writeAnything();
     bool readSettings(Installation &installation);
     bool readObjects(Installation &installation);
 

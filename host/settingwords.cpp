@@ -1,5 +1,7 @@
 #include "settingwords.h"
 
+#include <host/settingaddress.h>
+
 #include <vxsettings/dbkeys.h>
 #include <vxsettings/dbsettingshelper.h>
 
@@ -8,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace {
 
@@ -46,6 +50,42 @@ QString members(const QString &key, const QString &text)
     return lines.join(QStringLiteral("; "));
 }
 
+/// What a spin box shows; null if it is none or cannot show the text.
+QString number(const QString &key, const QString &text)
+{
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    const auto range = DBSettingsHelper::paramRange(key);
+    if (DBSettingsHelper::paramType(key) != DBSettingsType::SpinBox || !isNumber || number < range.first ||
+        number > range.second)
+        return {};
+    const QString special = DBSettingsHelper::paramSpecialValue(key);
+    return number == range.first && !special.isEmpty() ? special : QString::number(number);
+}
+
+bool isNoObject(const QString &key, const QString &text)
+{
+    const DBSettingsType type = DBSettingsHelper::paramType(key);
+    const bool isReference =
+        type == DBSettingsType::OrgstructureSelector || type == DBSettingsType::SmartCardProfileSelector;
+    return isReference && (text.isEmpty() || text == QLatin1String("0"));
+}
+
+QString quoted(const QString &text)
+{
+    return QStringLiteral("«%1»").arg(text);
+}
+
+/// Fit for a list.
+QString inOneLine(const QString &text)
+{
+    constexpr int longest = 400;
+    QString line = text.left(longest);
+    std::replace_if(
+        line.begin(), line.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QLatin1Char(' '));
+    return text.size() > longest ? line + QStringLiteral("…") : line;
+}
+
 /// What the catalogue makes of the text; null if nothing.
 QString meaning(const QString &key, const QString &text)
 {
@@ -78,7 +118,21 @@ QString SettingWords::value(const QString &key, const QString &text)
     if (isSecret(key))
         return text.isEmpty() ? tr("не задано") : tr("скрыто");
     const QString words = meaning(key, text);
-    return words.isEmpty() ? QStringLiteral("«%1»").arg(text) : words;
+    return words.isEmpty() ? quoted(text) : words;
+}
+
+QString SettingWords::value(const SettingAddress &address, const QString &text)
+{
+    if (text.isNull())
+        return tr("не задано");
+    if (!address.isKnown())
+        return inOneLine(quoted(text));
+    if (isSecret(address.parameter()))
+        return value(address.parameter(), text);
+    if (isNoObject(address.parameter(), text))
+        return tr("не выбрано");
+    const QString words = number(address.parameter(), text);
+    return inOneLine(words.isEmpty() ? value(address.parameter(), text) : words);
 }
 
 bool SettingWords::isSecret(const QString &key)

@@ -53,7 +53,7 @@ constexpr FileError fileErrors[] = {
     {10, {Kind::Refused, QT_TRANSLATE_NOOP("SqlErrorWords", "Ошибка чтения или записи на диск."),
                          QT_TRANSLATE_NOOP("SqlErrorWords", "Проверьте диск и подключение к нему.")}},
     {11, {Kind::Refused, QT_TRANSLATE_NOOP("SqlErrorWords", "Файл базы данных повреждён."), restore}},
-    {13, {Kind::Refused, QT_TRANSLATE_NOOP("SqlErrorWords", "На диске нет места."),
+    {13, {Kind::Full,    QT_TRANSLATE_NOOP("SqlErrorWords", "На диске нет места."),
                          QT_TRANSLATE_NOOP("SqlErrorWords", "Освободите место и повторите попытку.")}},
     {14, {Kind::Refused, QT_TRANSLATE_NOOP("SqlErrorWords", "Файл базы данных не открывается."),
                          QT_TRANSLATE_NOOP("SqlErrorWords", "Проверьте путь и права доступа к файлу и его папке.")}},

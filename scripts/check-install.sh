@@ -91,6 +91,19 @@ check_version() {
     echo "Qt $qt: version $version everywhere"
 }
 
+check_translations() {
+    local folder=$prefix/share/vxsettings$suffix/translations catalogue
+    for catalogue in vantorix vxsettings; do
+        [[ -s $folder/${catalogue}_en.qm ]] || fail "Qt $qt: the English texts of $catalogue are not installed"
+    done
+    if [[ $(cached VXSETTINGS_INSTALL_PROGRAMS) == ON ]]; then
+        [[ $("$prefix/bin/vxsettingsctl" --language en --help) == Usage:* ]] || fail "vxsettingsctl does not speak English"
+        [[ $("$prefix/bin/vxsettings-manager" --language en --help) == Usage:* ]] || fail "vxsettings-manager does not"
+        grep -q 'Database settings' "$prefix/share/man/man1/vxsettingsctl.1" || fail "The manual page is not in English"
+    fi
+    echo "Qt $qt: the translations are found from a moved prefix"
+}
+
 compile_alone() { # COMPILER HEADER
     # shellcheck disable=SC2086 # one argument a word
     echo "#include <$2>" | "$1" $HEADER_FLAGS -fsyntax-only -x c++ - || {
@@ -168,6 +181,7 @@ for directory in "$@"; do
     choose "$directory"
     check_relocatable
     check_version
+    check_translations
     check_headers
     check_minimal_host
     check_external_platform

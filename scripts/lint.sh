@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The quick checks of everything that is written by hand: formatting, shell scripts, spelling.
+# The quick checks of everything that is written by hand: formatting, shell scripts, spelling, translations.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -9,4 +9,5 @@ mapfile -t scripts < <(git ls-files --cached --others --exclude-standard 'script
 clang-format --dry-run --Werror "${sources[@]}"
 shellcheck "${scripts[@]}"
 git ls-files -z --cached --others --exclude-standard ':!*.ts' ':!*.svg' ':!*.png' | xargs -0 codespell --ignore-words-list=childs,childrens
+scripts/check-translations.sh
 echo "${#sources[@]} sources and ${#scripts[@]} scripts are clean"

@@ -1,36 +1,30 @@
 #!/usr/bin/env bash
-# The long forms of the tests that invent what they do. Each prints its seed; VXSETTINGS_TEST_SEED=SEED repeats a run.
+# Runs the tests of faults and of invented input in their long form, which tries everything that scripts/test.sh only
+# takes samples of. Takes about half an hour; the figures and seeds are printed. Ends at the first test that fails.
 #
-#   scripts/long-tests.sh           all, one after another
-#   scripts/long-tests.sh NAME...   those of the table below
+#   scripts/long-tests.sh            all of them
+#   scripts/long-tests.sh TEST...    these, for example tst_diskfaults
 set -euo pipefail
 cd "$(dirname "$0")/.."
-build=build/dev
 
-# Name, test program, how many times the usual amount.
-tests=(
-    "nasty-texts   tst_nastytexts    20" # 4,000 texts for each kind of editor
-    "bad-databases tst_baddatabases 100" # 10,000 flipped bytes in the host, 1,000 in each way of the programs
-    "session-model tst_sessionmodel 100" # 10,000 sequences
+# Each test with how many times as much it does.
+declare -A scales=(
+    [tst_savefaults]=25
+    [tst_serverfaults]=10
+    [tst_diskfaults]=25
+    [tst_nastytexts]=20
+    [tst_baddatabases]=100
+    [tst_sessionmodel]=100
 )
+tests=("$@")
+if ((${#tests[@]} == 0)); then
+    mapfile -t tests < <(printf '%s\n' "${!scales[@]}" | sort)
+fi
 
-run() {
-    local name=$1 program=$2 scale=$3
-    printf '\n== %s\n' "$name"
-    cmake --build "$build" --target "$program" > /dev/null
-    VXSETTINGS_TEST_SCALE=$scale "$build/bin/$program"
-}
-
-# Where tests run: see tests/CMakeLists.txt.
-export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
-XDG_RUNTIME_DIR=$(mktemp -d)
-export XDG_RUNTIME_DIR
-trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
-
+scripts/install-deps.sh --test
 cmake --preset dev > /dev/null
+cmake --build --preset dev
 for test in "${tests[@]}"; do
-    read -r name program scale <<< "$test"
-    if (($# == 0)) || [[ " $* " == *" $name "* ]]; then
-        run "$name" "$program" "$scale"
-    fi
+    [[ -n ${scales[$test]:-} ]] || { echo "No long test has the name $test" >&2; exit 2; }
+    VXSETTINGS_TEST_SCALE=${scales[$test]} ctest --preset dev --verbose --tests-regex "^$test\$" --timeout 3600
 done

@@ -75,13 +75,17 @@ constexpr Choice offOn[] = {
 constexpr Choice cardFormats[] = {
     {0, QT_TRANSLATE_NOOP("QObject", "Десятичный")},
     {1, QT_TRANSLATE_NOOP("QObject", "Шестнадцатеричный")},
+    //: A card number in two parts: the family (facility) and the code of the card in it.
     {2, QT_TRANSLATE_NOOP("QObject", "Семейство-код")},
 };
 constexpr Choice photoFrames[] = {
+    //: The outline of a photograph.
     {0, QT_TRANSLATE_NOOP("QObject", "Круглая")},
+    //: The outline of a photograph.
     {1, QT_TRANSLATE_NOOP("QObject", "Прямоугольная")},
 };
 constexpr Choice identifications[] = {
+    //: What an operator signs in with.
     {0, QT_TRANSLATE_NOOP("QObject", "Логин + пароль")},
     {1, QT_TRANSLATE_NOOP("QObject", "Логин + биометрическая информация")},
     {2, QT_TRANSLATE_NOOP("QObject", "Логин + пароль + биометрическая информация")},
@@ -97,6 +101,7 @@ constexpr Choice manualChecks[] = {
     {1, QT_TRANSLATE_NOOP("QObject", "По всей базе")},
     {2, QT_TRANSLATE_NOOP("QObject", "По предприятию")},
     {3, QT_TRANSLATE_NOOP("QObject", "По подразделению")},
+    //: Against which templates a new one is checked: only the other templates of the same person.
     {4, QT_TRANSLATE_NOOP("QObject", "По своим шаблонам")},
 };
 // Stored is whether the photograph is withheld, asked is whether it is sent: "Да" belongs to 0.
@@ -109,8 +114,10 @@ constexpr Choice mobileStyles[] = {
     {1, QT_TRANSLATE_NOOP("QObject", "Corvalen")},
 };
 
+//: Shown instead of 0 for a number of sessions and for minutes of inactivity.
 constexpr char noLimit[] = QT_TRANSLATE_NOOP("QObject", "Без ограничений");
 
+//: What stands in ${} and between <> stays as it is. РОГ is the prefix of an example: any letters.
 constexpr char requestNumberToolTip[] = QT_TRANSLATE_NOOP("QObject", "<html>Возможные параметры:<br/><b>${year}</b> - текущий год<br/><b>${month}</b> - текущий месяц<br/><b>${day}</b> - текущий день<br/><b>${num} ${zero6-num} ${zero8-num} ${zero10-num}</b> - следующий номер<br/>Например: <b>РОГ-${year}${month}-${zero8-num}</b></html>");
 
 constexpr Parameter minLen = spinBox(json::MIN_LEN, QT_TRANSLATE_NOOP("QObject", "Минимальная длина"), {0, INT_MAX});
@@ -129,6 +136,7 @@ constexpr Parameter employees[] = {
     spinBox  (MAX_CARD_COUNT,                QT_TRANSLATE_NOOP("QObject", "Максимальное количество карт сотрудника"), {1, 20}),
     comboBox (USE_STRICT_COMPARE_CARD_NUMBER, QT_TRANSLATE_NOOP("QObject", "Строгое сравнение номеров карт"), noYes),
     comboBox (CARD_VIEW_FORMAT,              QT_TRANSLATE_NOOP("QObject", "Формат отображения номеров карт"), cardFormats),
+    //: The choices are "Круглая" (round) and "Прямоугольная" (rectangular).
     comboBox (EMPLOYEE_PHOTO_TYPE,           QT_TRANSLATE_NOOP("QObject", "Граница фотографии сотрудника"), photoFrames),
     jsonGroup(PIN_STRENGTH),
 };
@@ -136,21 +144,25 @@ constexpr Parameter users[] = {
     jsonGroup(PASSWORD_STRENGTH),
     password (PASSWORD_DEF,         QT_TRANSLATE_NOOP("QObject", "Пароль по умолчанию")),
     spinBox  (PASSWORD_EXPIRED,     QT_TRANSLATE_NOOP("QObject", "Срок действия пароля (дней)"), {0, 9999}),
+    //: How many days before a password expires its user is told to change it.
     spinBox  (PASSWORD_NOTIFY,      QT_TRANSLATE_NOOP("QObject", "Срок уведомления об изменении пароля (дней)"), {0, 9999}),
     comboBox (IDENT_TYPE,           QT_TRANSLATE_NOOP("QObject", "Тип идентификации для входа в Vantorix-Studio"), identifications),
     spinBox  (USER_SESSION_COUNT,   QT_TRANSLATE_NOOP("QObject", "Количество одновременных сессий пользователя"), {0, INT_MAX}, noLimit),
     spinBox  (USER_SESSION_TIMEOUT, QT_TRANSLATE_NOOP("QObject", "Время бездействия пользователя (минут)"), {0, 1440}, noLimit),
 };
 constexpr Parameter scanningCommon[] = {
+    //: Whether enrolment follows the settings of the database rather than those of the workstation.
     comboBox(ENROLL_USE_DB_SETTINGS,             QT_TRANSLATE_NOOP("QObject", "Использовать настройки БД"), noYes),
     comboBox(ENROLL_AUTO_CHECK_TEMPLATES_TYPE,   QT_TRANSLATE_NOOP("QObject", "Автоматическая проверка шаблонов"), automaticChecks),
     comboBox(ENROLL_MANUAL_CHECK_TEMPLATES_TYPE, QT_TRANSLATE_NOOP("QObject", "Ручная проверка шаблонов"), manualChecks),
 };
 constexpr Parameter fingerprintScanning[] = {
     comboBox(ENABLE_FINGERPRINT_SCANNING,    QT_TRANSLATE_NOOP("QObject", "Включить возможность сканирования по отпечатку пальца"), noYes),
+    //: The core is the centre of the pattern of a fingerprint.
     comboBox(ENROLL_FINGERPRINT_SEARCH_CORE, QT_TRANSLATE_NOOP("QObject", "Поиск ядра"), noYes),
     spinBox (ENROLL_FINGERPRINT_QUALITY,     QT_TRANSLATE_NOOP("QObject", "Требуемое качество шаблона отпечатка пальца"), percent),
     spinBox (ENROLL_FINGERPRINT_MAX_COUNT,   QT_TRANSLATE_NOOP("QObject", "Максимальное количество шаблонов отпечатков для сотрудника"), {0, 100}),
+    //: Whether the scanner must see that it has a living hand before it and not a copy.
     comboBox(ENROLL_LIVE_FINGER_DETECTION,   QT_TRANSLATE_NOOP("QObject", "Антифейк при сканировании"), offOn),
 };
 constexpr Parameter palmScanning[] = {
@@ -162,6 +174,7 @@ constexpr Parameter palmScanning[] = {
 };
 constexpr Parameter faceScanning[] = {
     comboBox(ENABLE_FACE_SCANNING,      QT_TRANSLATE_NOOP("QObject", "Включить возможность сканирования по лицу"), noYes),
+    //: In percent, as every quality.
     spinBox (ENROLL_FACE_BLUR_QUALITY,  QT_TRANSLATE_NOOP("QObject", "Требуемое качество размытости изображения лица"), percent),
     spinBox (ENROLL_FACE_MIN_SIZE,      QT_TRANSLATE_NOOP("QObject", "Минимальный размер диагонали лица (px)"), {10, 1024}),
     spinBox (ENROLL_FACE_COLOR_QUALITY, QT_TRANSLATE_NOOP("QObject", "Требуемое качество цветности изображения лица"), percent),
@@ -172,12 +185,15 @@ constexpr Parameter passRequests[] = {
     lineEdit(PASS_REQUEST_SEQUENCE,          QT_TRANSLATE_NOOP("QObject", "Формат номера заявки"), requestNumberToolTip),
 };
 constexpr Parameter connection[] = {
+    //: The address of the mobile service.
     lineEdit(MOBILE_HOST,         QT_TRANSLATE_NOOP("QObject", "Хост")),
     spinBox (MOBILE_PORT,         QT_TRANSLATE_NOOP("QObject", "Порт"), {0, 65535}),
+    //: A secret that lockers identify themselves with.
     password(LOCKER_ACCESS_TOKEN, QT_TRANSLATE_NOOP("QObject", "Токен доступа")),
 };
 constexpr Parameter studioMobile[] = {
     comboBox(MOBILE_WITHOUT_PHOTO, QT_TRANSLATE_NOOP("QObject", "Отправлять фотографию"), sendsPhoto),
+    //: Of a face, by the photograph that is sent.
     comboBox(MOBILE_VERIFY_FACE,   QT_TRANSLATE_NOOP("QObject", "Выполнять верификацию"), noYes),
 };
 constexpr Parameter mobileId[] = {
@@ -190,7 +206,9 @@ constexpr Parameter integration[] = {
 constexpr Parameter pinStrength[] = {
     minLen,
     maxLen,
+    //: Such as 1234.
     checkBox(json::DENY_SEQUENCE, QT_TRANSLATE_NOOP("QObject", "Запрещать последовательные цифры")),
+    //: Such as 1111.
     checkBox(json::DENY_EQUAL,    QT_TRANSLATE_NOOP("QObject", "Запрещать одинаковые цифры подряд")),
 };
 constexpr Parameter passwordStrength[] = {
@@ -208,7 +226,9 @@ constexpr Parameter passwordStrength[] = {
 };
 // Contact and contactless take turns, so that on two columns each has one of its own.
 constexpr Parameter palmTemplatesAmount[] = {
+    //: A switch: whether the minimum and maximum numbers of palms below it count.
     checkBox(json::ENABLE_CONTACT_PALM_AMOUNT_LIMITATIONS,     QT_TRANSLATE_NOOP("QObject", "Требование количества ладоней для контактных вен")),
+    //: A switch: whether the minimum and maximum numbers of palms below it count.
     checkBox(json::ENABLE_NON_CONTACT_PALM_AMOUNT_LIMITATIONS, QT_TRANSLATE_NOOP("QObject", "Требование количества ладоней для бесконтактных вен")),
     spinBox (json::CONTACT_LEFT_PALM_MIN_AMOUNT,               QT_TRANSLATE_NOOP("QObject", "Минимальное количество левых ладоней"), contactPalms),
     spinBox (json::NON_CONTACT_LEFT_PALM_MIN_AMOUNT,           QT_TRANSLATE_NOOP("QObject", "Минимальное количество левых ладоней"), contactlessPalms),

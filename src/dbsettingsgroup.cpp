@@ -9,6 +9,8 @@
 
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
+#include <qtcompat.h>
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
@@ -27,11 +29,12 @@ constexpr auto groupType = DBSettingsType(5);
 
 /// Visits the editors below @p parent in the order of the widget tree until @p visit returns true.
 /// Layouts and leaves are passed by: only widgets have widgets below them, and an editor has at least its captions.
+/// There is a null in the place of a child that its parent is just deleting.
 template <typename Visit>
 bool visitEditors(const QObject *parent, const Visit &visit)
 {
     for (QObject *child : parent->children()) {
-        if (!child->isWidgetType() || child->children().isEmpty())
+        if (!child || !child->isWidgetType() || child->children().isEmpty())
             continue;
         auto *editor = qobject_cast<DBParamWidget *>(child);
         if ((editor && visit(editor)) || visitEditors(child, visit))
@@ -57,7 +60,7 @@ DBParamWidget *firstEditor(const QWidget *frame, const QString &key)
 /// The editors are listed before anything is done to them: what that sets off may change the widget tree.
 QList<DBParamWidget *> allEditors(const QWidget *frame)
 {
-    return frame ? frame->findChildren<DBParamWidget *>() : QList<DBParamWidget *>();
+    return frame ? qtcompat::findChildren<DBParamWidget>(frame) : QList<DBParamWidget *>();
 }
 } // namespace
 

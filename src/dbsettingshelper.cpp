@@ -1,9 +1,11 @@
 #include <vxsettings/dbsettingshelper.h>
+#include <vxsettings/dbsettingslanguage.h>
 
 #include "catalogue.h"
 #include "dbsc.h"
 
-#include <QCoreApplication>
+#include <qtcompat.h>
+
 #include <QHash>
 #include <QVariant>
 
@@ -21,10 +23,10 @@ void reportMiss(const LogPoint &point, const QString &key)
         point().critical() << "dbsettings does not contain parameter" << key;
 }
 
-/// @p text in the language installed now; null for a row without that text.
+/// Null for a row without that text.
 QString translated(const char *text)
 {
-    return text ? QCoreApplication::translate("QObject", text) : QString();
+    return text ? DBSettingsLanguage::translated(text) : QString();
 }
 } // namespace
 
@@ -161,7 +163,7 @@ bool DBSettingsHelper::paramChildIsEnabled(const QString &parentKey, const QVari
         return true;
     switch (dependency->rule) {
     case EnabledWhen::One:
-        return parentValue.toUInt() == 1;
+        return qtcompat::numberText(parentValue).toUInt() == 1;
     case EnabledWhen::True:
         return parentValue.toBool();
     case EnabledWhen::False:

@@ -1,5 +1,7 @@
 #include "widgethandle.h"
 
+#include <qtcompat.h>
+
 #include <QPointer>
 
 namespace widgethandle {
@@ -16,7 +18,7 @@ bool isDying(const QWidget *widget)
 /// QWidget::setParent() needs a whole widget, so this is QObject's.
 void releaseDying(const QWidget *frame)
 {
-    for (QWidget *widget : frame->findChildren<QWidget *>()) {
+    for (QWidget *widget : qtcompat::findChildren<QWidget>(frame)) {
         if (!isDying(widget))
             continue;
         // The widgets above the frame would remember a focus in there for good.

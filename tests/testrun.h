@@ -12,6 +12,12 @@ inline int times(int count)
     return count * qMax(1, qEnvironmentVariableIntValue("VXSETTINGS_TEST_SCALE"));
 }
 
+/// Whether everything is tried that a test only takes samples of otherwise.
+inline bool isLong()
+{
+    return times(1) > 1;
+}
+
 /// A new one for each run; VXSETTINGS_TEST_SEED repeats one. A test prints it.
 inline quint32 seed()
 {

@@ -5,6 +5,7 @@
 #   tests/withserver.sh PROGRAM [ARGUMENT...]
 set -euo pipefail
 
-# Servers that start at the same time would all take the first free port.
-port=$((20000 + $$ % 20000))
+# Servers that start at the same time would all take the first free port. One from 32768 on may be taken by anybody who
+# connects to something, even to this server while it is stopped.
+port=$((20000 + $$ % 12000))
 exec pg_virtualenv -t -c "--port=$port" -o fsync=off "$@"

@@ -40,7 +40,7 @@ QString line(const SettingFinding &finding, bool isRepaired)
     if (!caption.isEmpty())
         line += QStringLiteral(" (%1)").arg(caption);
     if (!finding.stored.isNull())
-        line += QStringLiteral(": «%1»").arg(TextTable::visible(finding.stored));
+        line += CheckCommand::tr(": «%1»").arg(TextTable::visible(finding.stored));
     line += QStringLiteral(". ") + finding.words;
     if (!finding.repair.isNull())
         line += QLatin1Char(' ') +

@@ -20,12 +20,14 @@ enum class Option {
     Repair = 1 << 7,
     Sample = 1 << 8,
     Reason = 1 << 9,
+    Language = 1 << 10,
 };
 Q_DECLARE_FLAGS(Options, Option)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Options)
 
 /// Those that every command has.
-constexpr Options commonOptions = Options(Option::Help) | Option::Version | Option::Database | Option::Json;
+constexpr Options commonOptions =
+    Options(Option::Help) | Option::Version | Option::Language | Option::Database | Option::Json;
 
 /// What a word on the command line stands for, so that a shell can complete it.
 enum class WordKind {

@@ -2,6 +2,8 @@
 
 #include "commandtable.h"
 
+#include <host/translations.h>
+
 namespace {
 
 QStringList names(const OptionDescription &row)
@@ -27,6 +29,9 @@ QString CommandLine::error() const
         return tr("Командная строка записана не в кодировке UTF-8.");
     if (!m_parsed)
         return m_parser.errorText();
+    if (isSet(Option::Language) && !Translations::languages().contains(language()))
+        return tr("Нет такого языка: «%1». Языки: %2.")
+            .arg(language(), Translations::languages().join(QStringLiteral(", ")));
     if (isSet(Option::Database) && database().isEmpty())
         return tr("Не указана база данных.");
     if (m_parser.positionalArguments().isEmpty())
@@ -49,6 +54,11 @@ const Command *CommandLine::command() const
 QStringList CommandLine::arguments() const
 {
     return m_parser.positionalArguments().mid(1);
+}
+
+QString CommandLine::language() const
+{
+    return m_parser.value(CommandTable::name(Option::Language));
 }
 
 QString CommandLine::database() const

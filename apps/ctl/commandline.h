@@ -25,6 +25,8 @@ public:
     const Command *command() const;
     /// Of the command.
     QStringList arguments() const;
+    /// The code of the wanted language; empty if none was given.
+    QString language() const;
     /// The database's URL; empty if none was given.
     QString database() const;
     /// Of a change, for the history; empty if none was given.

@@ -22,6 +22,7 @@ namespace {
 constexpr OptionDescription optionTable[] = {
     {Option::Help,        'h', "help",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать справку о программе или, после имени команды, о команде.")},
     {Option::Version,     'v', "version",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать версию программы.")},
+    {Option::Language,    0  , "language",     "ru|en",                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Язык программы: ru (русский) или en (английский); иначе язык системы.")},
     {Option::Database,    0  , "database",     QT_TRANSLATE_NOOP("CommandTable", "URL"),   WordKind::File, QT_TRANSLATE_NOOP("CommandTable", "База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ).")},
     {Option::Json,        0  , "json",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Вывести один документ JSON вместо текста.")},
     {Option::DryRun,      0  , "dry-run",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать, что изменится, и ничего не записывать.")},

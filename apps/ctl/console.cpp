@@ -2,23 +2,27 @@
 
 #include "texttable.h"
 
-#include <QTextStream>
-
 #include <cstdio>
+
+namespace {
+
+bool write(const QString &text, FILE *file)
+{
+    const QByteArray bytes = text.toUtf8();
+    const auto size = size_t(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0;
+}
+} // namespace
 
 bool Console::print(const QString &text)
 {
-    QTextStream out(stdout);
-    out.setCodec("UTF-8");
-    out << text;
-    out.flush();
-    return out.status() == QTextStream::Ok && fflush(stdout) == 0;
+    return write(text, stdout);
 }
 
 void Console::tell(const QString &message)
 {
-    QTextStream err(stderr);
-    err.setCodec("UTF-8");
+    QString lines;
     for (const QString &line : message.split(QLatin1Char('\n')))
-        err << TextTable::visible(line) << '\n';
+        lines += TextTable::visible(line) + QLatin1Char('\n');
+    write(lines, stderr);
 }

@@ -145,7 +145,7 @@ QString text(const SettingAddress &address)
     add(DescribeCommand::tr("Поля:"), members(address).join(QStringLiteral(", ")));
     add(DescribeCommand::tr("Зависимые:"), dependents(address).join(QStringLiteral(", ")));
     const QString tip = toolTip(address);
-    return tip.isEmpty() ? facts.text() : facts.text() + DescribeCommand::tr("\n%1\n").arg(tip);
+    return tip.isEmpty() ? facts.text() : facts.text() + QStringLiteral("\n%1\n").arg(tip);
 }
 
 Report describeAll()

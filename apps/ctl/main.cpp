@@ -1,12 +1,12 @@
+#include "commandline.h"
 #include "ctl.h"
 
 #include <host/hostenvironment.h>
+#include <host/translations.h>
 
 #include <vxsettings/vxsettings_version.h>
 
 #include <QCoreApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 int main(int argc, char *argv[])
 {
@@ -16,10 +16,8 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("vxsettingsctl"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION_STRING));
 
-    // The toolkit's own texts in the language of the program's; without the file they are English.
-    QTranslator toolkitTexts;
-    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&toolkitTexts);
-
-    return Ctl::run(QCoreApplication::arguments());
+    const QStringList arguments = QCoreApplication::arguments();
+    Translations translations(QStringLiteral("vxsettingsctl"));
+    translations.setLanguage(Translations::preferred({CommandLine(arguments).language()}));
+    return Ctl::run(arguments);
 }

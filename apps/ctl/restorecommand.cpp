@@ -16,7 +16,7 @@ struct RevisionAddress
     static RevisionAddress fromText(const QString &text)
     {
         const int end = text.lastIndexOf(QLatin1Char('@'));
-        return {SettingAddress::fromText(text.left(end)), end < 0 ? 0 : text.midRef(end + 1).toLongLong()};
+        return {SettingAddress::fromText(text.left(end)), end < 0 ? 0 : text.mid(end + 1).toLongLong()};
     }
     bool isValid() const { return !address.key.isEmpty() && address.member.isEmpty() && revision > 0; }
 };

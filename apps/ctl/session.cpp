@@ -9,6 +9,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <memory>
+
 using vantorix::OBJECT_PARAMETERS;
 using Outcome = SaveResult::Outcome;
 
@@ -39,8 +41,9 @@ std::optional<Report> Session::create(const Installation &content)
 {
     if (auto problem = locationProblem())
         return problem;
-    int count = 0;
-    return read<int>(count, [this, &content](const auto &done) { m_database.create(content, done); });
+    const auto result = await<DatabaseResult<int>>(
+        [this, &content](const auto &done) { m_database.create(content, done); }, Interrupted::WaitsForTheEnd);
+    return result->error ? std::optional(failure(*result->error)) : std::nullopt;
 }
 
 std::optional<Report> Session::load()
@@ -76,45 +79,52 @@ std::optional<Report> Session::readTextAt(const QString &key, qint64 revision, Q
 
 std::optional<Report> Session::save(const OBJECT_PARAMETERS &changes)
 {
-    const auto result = await<SaveResult>([this, &changes](const auto &done) {
-        m_database.save(changes, m_database.installation(), m_commandLine.reason(), done);
-    });
-    if (result.isDone())
+    const auto result = await<SaveResult>(
+        [this, &changes](const auto &done) {
+            m_database.save(changes, m_database.installation(), m_commandLine.reason(), done);
+        },
+        Interrupted::WaitsForTheEnd);
+    if (result->isDone())
         return {};
-    if (result.outcome == Outcome::Conflicting)
-        return conflictReport(result.conflicts);
-    if (result.outcome == Outcome::Unknown)
-        return unknownReport(result);
-    return failure(result.error.value_or(DatabaseError()));
+    if (result->outcome == Outcome::Conflicting)
+        return conflictReport(result->conflicts);
+    if (result->outcome == Outcome::Unknown)
+        return unknownReport(*result);
+    return failure(result->error.value_or(DatabaseError()));
 }
 
 template <typename Result>
-Result Session::await(const Call<Result> &call)
+std::optional<Result> Session::await(const Call<Result> &call, Interrupted interrupted)
 {
+    struct Waiting
+    {
+        QEventLoop loop;
+        std::optional<Result> result;
+    };
+    const auto waiting = std::make_shared<Waiting>(); // an answer can come when nobody waits for it any more
     const WaitNotices notices(m_database);
     const Interruption interruption;
     QObject::connect(&interruption, &Interruption::requested, &m_database, &InstallationDatabase::cancel);
-    std::optional<Result> result;
-    QEventLoop loop;
-    call([&result, &loop](const Result &answer) {
-        result.emplace(answer);
-        loop.quit();
+    if (interrupted == Interrupted::GivesUp)
+        QObject::connect(&interruption, &Interruption::requested, &waiting->loop, &QEventLoop::quit);
+    call([waiting](const Result &result) {
+        waiting->result.emplace(result);
+        waiting->loop.quit();
     });
-    loop.exec();
-    m_isInterrupted = interruption.isRequested();
-    return *result;
+    waiting->loop.exec();
+    const bool isGivenUp = interrupted == Interrupted::GivesUp && interruption.isRequested();
+    return isGivenUp ? std::nullopt : waiting->result;
 }
 
 template <typename Value>
 std::optional<Report> Session::read(Value &value, const Call<DatabaseResult<Value>> &call)
 {
-    const auto result = await<DatabaseResult<Value>>(call);
-    if (result.error)
-        return failure(*result.error);
-    // Not everything that was asked to end had to wait.
-    if (m_isInterrupted)
+    const auto result = await<DatabaseResult<Value>>(call, Interrupted::GivesUp);
+    if (!result)
         return Report::failure(ExitDatabase, tr("Прервано."));
-    value = result.value;
+    if (result->error)
+        return failure(*result->error);
+    value = result->value;
     return {};
 }
 

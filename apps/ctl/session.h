@@ -47,9 +47,12 @@ private:
     template <typename Result>
     using Call = std::function<void(const InstallationDatabase::Callback<Result> &done)>;
 
-    /// What comes of @p call, which hands its callback to the database.
+    /// What a call does that was interrupted: what writes must know what became of it.
+    enum class Interrupted { GivesUp, WaitsForTheEnd };
+
+    /// What comes of @p call, which hands its callback to the database. Nothing if it was given up.
     template <typename Result>
-    Result await(const Call<Result> &call);
+    std::optional<Result> await(const Call<Result> &call, Interrupted interrupted);
     /// The same for something that is read into @p value. What went wrong, or nothing.
     template <typename Value>
     std::optional<Report> read(Value &value, const Call<DatabaseResult<Value>> &call);
@@ -60,5 +63,4 @@ private:
     const CommandLine &m_commandLine;
     InstallationDatabase m_database;
     ObjectIndex m_objects;
-    bool m_isInterrupted = false;
 };

@@ -54,6 +54,7 @@ QString StoredDifference::text() const
     QString text;
     for (const Row &row : m_rows) {
         const QString caption = ValueWords::caption(row.address);
+        //: A key and its caption.
         const QString name = caption.isEmpty() ? row.address.text() : tr("%1 (%2)").arg(row.address.text(), caption);
         text += QStringLiteral("%1: %2 → %3\n")
                     .arg(name, ValueWords::words(row.address, row.before), ValueWords::words(row.address, row.after));

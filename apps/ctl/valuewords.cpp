@@ -19,12 +19,13 @@ QString ValueWords::caption(const SettingAddress &address)
 QString ValueWords::words(const SettingAddress &address, const std::optional<QString> &value)
 {
     if (!value)
+        //: Where there is no value.
         return tr("—");
     if (isSecret(address))
         return SettingWords::value(address.key, *value);
     if (address.isKnown())
         return TextTable::visible(SettingWords::value(address.parameter(), *value));
-    return TextTable::visible(QStringLiteral("«%1»").arg(*value));
+    return TextTable::visible(tr("«%1»").arg(*value));
 }
 
 QJsonObject ValueWords::json(const SettingAddress &address, std::initializer_list<Named> values)

@@ -32,6 +32,8 @@ public:
     QString database() const;
     /// Where the pictures of the pages go; null if none are wanted.
     QString pictureFolder() const;
+    /// The code of the wanted language; empty if none was given.
+    QString language() const;
     /// Nothing if the desktop's look is to stay.
     std::optional<Theme::Kind> theme() const;
 
@@ -41,6 +43,7 @@ private:
     QCommandLineOption m_database;
     QCommandLineOption m_render;
     QCommandLineOption m_selfTest;
+    QCommandLineOption m_language;
     QCommandLineOption m_theme;
     QCommandLineParser m_parser;
     bool m_parsed;

@@ -3,14 +3,13 @@
 #include "manager.h"
 
 #include <host/hostenvironment.h>
+#include <host/translations.h>
 
 #include <vxsettings/vxsettings_version.h>
 
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 #include <algorithm>
 #include <cstdio>
@@ -69,11 +68,32 @@ void followScreenScale()
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-void setUpApplication()
+void nameApplication()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("vxsettings"));
     QCoreApplication::setApplicationName(QStringLiteral("vxsettings-manager"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION_STRING));
+}
+
+void setLanguage(Translations &translations)
+{
+    const QString wanted = CommandLine(QCoreApplication::arguments()).language();
+    translations.setLanguage(Translations::preferred({wanted, Translations::remembered()}));
+}
+
+int refuseWithoutDisplay(int argc, char *argv[])
+{
+    const QCoreApplication app(argc, argv);
+    Translations translations(QStringLiteral("vxsettings-manager"));
+    setLanguage(translations);
+    std::fprintf(stderr, "%s\n",
+                 qPrintable(QCoreApplication::translate(
+                     "Manager", "Нет дисплея. Без него доступны --render, --self-test, --help и --version.")));
+    return ExitFailed;
+}
+
+void setUpApplication()
+{
     // The project's drawings before those of the desktop, which may have another picture under one of these names.
     QIcon::setFallbackThemeName(QIcon::themeName());
     QIcon::setThemeName(QStringLiteral("vantorix"));
@@ -86,22 +106,16 @@ void setUpApplication()
 int main(int argc, char *argv[])
 {
     HostEnvironment::prepare();
-    if (!chooseDisplay(argv + 1, argv + argc)) {
-        std::fprintf(stderr, "%s\n",
-                     qPrintable(QCoreApplication::translate(
-                         "Manager", "Нет дисплея. Без него доступны --render, --self-test, --help и --version.")));
-        return ExitFailed;
-    }
+    nameApplication();
+    if (!chooseDisplay(argv + 1, argv + argc))
+        return refuseWithoutDisplay(argc, argv);
     followScreenScale();
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication app(argc, argv);
     setUpApplication();
 
-    // The toolkit's own texts in the language of the program's; without the file they are English.
-    QTranslator toolkitTexts;
-    if (toolkitTexts.load(QStringLiteral("qtbase_ru"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&toolkitTexts);
-
+    Translations translations(QStringLiteral("vxsettings-manager"));
+    setLanguage(translations);
     const CommandLine commandLine(QCoreApplication::arguments());
     return Manager(commandLine).run();
 }

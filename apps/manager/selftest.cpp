@@ -191,7 +191,11 @@ std::optional<DatabaseError> SelfTest::testOriginal()
 
 void SelfTest::report(bool passed, const QString &what)
 {
-    m_out << (passed ? tr("  верно:  ") : tr("  ОШИБКА: ")) << what << '\n';
+    //: As wide as the words for what failed, so that what follows stands in a column.
+    const QString right = tr("  верно:  ");
+    //: As wide as the words for what is right.
+    const QString wrong = tr("  ОШИБКА: ");
+    m_out << (passed ? right : wrong) << what << '\n';
     m_out.flush();
     m_passed = m_passed && passed;
 }

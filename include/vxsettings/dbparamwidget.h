@@ -107,6 +107,7 @@ protected:
 private:
     void keepCaptionsWhole();
     void placeMark();
+    void placeProblem();
     /// Tells assistive technology what stands around the input widget, once somebody can see it.
     void describeInput();
     QString description() const;

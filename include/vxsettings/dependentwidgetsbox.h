@@ -36,6 +36,8 @@ struct GroupInfo
 /// A group check box over a column of check boxes that depend on it; edits a flat JSON object of booleans.
 ///
 /// The group box shows what the inner boxes say: all, none, or some of them; clicking it checks or unchecks them all.
+/// It is named by description and title for assistive technology, and the inner boxes follow it in the tab order. Title
+/// and captions follow the language; the description is the host's to translate.
 class VXSETTINGS_EXPORT DependentWidgetsBox : public QWidget
 {
     Q_OBJECT
@@ -64,11 +66,16 @@ Q_SIGNALS:
     /// The user clicked the group check box.
     void groupChanged(bool checked);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private Q_SLOTS:
     void onInnerCheckBoxClicked(bool);
     void onGroupCheckBoxClicked(bool);
 
 private:
+    void retranslate();
+    void nameGroupCheckBox();
     QList<QCheckBox *> innerCheckBoxes() const;
 
     std::unique_ptr<Ui_DependentWidgetsBox> m_ui;

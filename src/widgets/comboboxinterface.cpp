@@ -7,20 +7,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-#include <memory>
-
 namespace {
-
-/// Announces each new choice of @p box, as long as there is one who may listen.
-void announceChoices(QComboBox *box)
-{
-    const auto shown = std::make_shared<QString>(box->currentText());
-    QObject::connect(box, &QComboBox::currentTextChanged, box, [box, shown](const QString &text) {
-        QAccessibleTextUpdateEvent event(box, 0, *shown, text);
-        QAccessible::updateAccessibility(&event);
-        *shown = text;
-    });
-}
 
 /// An editor makes its box as its own child before it puts it into its slot.
 bool belongsToAnEditor(const QWidget *widget)
@@ -42,11 +29,18 @@ void ComboBoxInterface::install()
     QAccessible::installFactory(createInterface);
 }
 
+void ComboBoxInterface::announceChoice(QComboBox *box)
+{
+    // Qt makes an interface for each event even if nobody listens.
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleTextUpdateEvent event(box, 0, {}, box->currentText());
+    QAccessible::updateAccessibility(&event);
+}
+
 ComboBoxInterface::ComboBoxInterface(QComboBox *box)
     : QAccessibleWidget(box, QAccessible::ComboBox)
-{
-    announceChoices(box);
-}
+{}
 
 void *ComboBoxInterface::interface_cast(QAccessible::InterfaceType type)
 {

@@ -13,6 +13,8 @@ class ComboBoxInterface : public QAccessibleWidget, public QAccessibleTextInterf
 public:
     /// Puts it in use for the editors of this process. The application object has to be there: the last one counts.
     static void install();
+    /// Tells who listens what is chosen now.
+    static void announceChoice(QComboBox *box);
 
     explicit ComboBoxInterface(QComboBox *box);
 

@@ -1,11 +1,11 @@
 #include <vxsettings/dbcheckboxwidget.h>
 
-#include <QCheckBox>
+#include "wrappingcheckbox.h"
 
 DBCheckBoxWidget::DBCheckBoxWidget(QWidget *parent)
     : DBParamWidget(parent)
 {
-    auto *checkBox = new QCheckBox(this);
+    auto *checkBox = new WrappingCheckBox(this);
     connect(checkBox, &QCheckBox::toggled, this, [this](bool checked) { Q_EMIT paramChanged(key(), checked); });
     connect(checkBox, SIGNAL(stateChanged(int)), this, SIGNAL(commitData()));
     setLabelPosition(LabelPosition::None);

@@ -4,6 +4,8 @@
 
 #include <vxsettings/dbsettingshelper.h>
 
+#include <qtcompat.h>
+
 #include <QComboBox>
 #include <QEvent>
 
@@ -14,8 +16,10 @@ DBComboBoxWidget::DBComboBoxWidget(QWidget *parent)
     auto *comboBox = new QComboBox(this);
     comboBox->installEventFilter(this);
     comboBox->setFocusPolicy(Qt::StrongFocus); // the default, WheelFocus, pulls the focus here while the page scrolls
-    connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this, comboBox](int index) { Q_EMIT paramChanged(key(), comboBox->itemData(index)); });
+    connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, comboBox](int index) {
+        ComboBoxInterface::announceChoice(comboBox);
+        Q_EMIT paramChanged(key(), comboBox->itemData(index));
+    });
     setCentralWidget(comboBox);
 }
 
@@ -25,7 +29,7 @@ void DBComboBoxWidget::setValue(const QVariant &value)
     if (!comboBox)
         return;
     DBParamWidget::setValue(value);
-    const int wanted = value.toInt();
+    const int wanted = qtcompat::numberText(value).toInt();
     for (int index = 0; index < comboBox->count(); ++index) {
         if (comboBox->itemData(index).toInt() == wanted) {
             comboBox->setCurrentIndex(index);
@@ -89,7 +93,9 @@ void DBComboBoxWidget::retranslate()
 
 bool DBComboBoxWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Wheel && watched == centralWidget())
+    if (event->type() == QEvent::Wheel && watched == centralWidget()) {
+        event->ignore(); // the page scrolls instead
         return true;
+    }
     return DBParamWidget::eventFilter(watched, event);
 }

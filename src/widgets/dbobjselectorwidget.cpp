@@ -9,6 +9,8 @@
 #include <vxwidgets/vxobjectselector.h>
 #include <vxwidgets/vxtreeviewdelegate.h>
 
+#include <qtcompat.h>
+
 #include <QPointer>
 #include <QTreeView>
 
@@ -66,9 +68,10 @@ DBObjSelectorWidget::DBObjSelectorWidget(const QString &dataname, QWidget *paren
     connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
         if (dbsc().isDebugEnabled())
             choiceChanged().debug() << "Changing data" << index;
-        const auto *changed = qobject_cast<VXObjectSelector *>(sender());
+        auto *changed = qobject_cast<VXObjectSelector *>(sender());
         if (!changed)
             return;
+        ComboBoxInterface::announceChoice(changed);
         const QPointer<DBObjSelectorWidget> self(this);
         Q_EMIT paramChanged(key(), changed->currentUid());
         if (self)
@@ -86,7 +89,7 @@ void DBObjSelectorWidget::setValue(const QVariant &value)
         return;
     DBParamWidget::setValue(value);
     bool isUid = false;
-    const unsigned int uid = value.toUInt(&isUid);
+    const unsigned int uid = qtcompat::numberText(value).toUInt(&isUid);
     if (!isUid) {
         if (dbsc().isDebugEnabled())
             valueSet().debug() << "Unable to parse value. Returning";

@@ -11,7 +11,12 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 
+#include <array>
+
 namespace {
+
+constexpr int spareRow = 3; // below those of the form
+constexpr int problemSpacing = 2;
 
 QString centralWidgetName()
 {
@@ -37,6 +42,12 @@ bool canBeBuddy(const QLabel *label)
     return !label->isHidden() && !label->text().contains(QLatin1Char('&'));
 }
 
+/// In the order in which they get their texts.
+std::array<QLabel *, 4> captionsOf(const Ui_DBParamWidget &form)
+{
+    return {form.leftLabel, form.topLabel, form.rightLabel, form.bottomLabel};
+}
+
 QString plainText(const QString &text)
 {
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -56,10 +67,12 @@ DBParamWidget::~DBParamWidget() = default;
 
 void DBParamWidget::setName(const QString &name)
 {
-    m_ui->leftLabel->setText(name);
-    m_ui->topLabel->setText(name);
-    m_ui->rightLabel->setText(name);
-    m_ui->bottomLabel->setText(name);
+    for (QLabel *label : captionsOf(*m_ui)) {
+        label->setText(name);
+        // What the previous text needed to be whole.
+        if (label->minimumHeight() > 0)
+            label->setMinimumHeight(0);
+    }
     describeInput();
 }
 
@@ -150,6 +163,10 @@ void DBParamWidget::setLabelPosition(LabelPosition position)
     setLabelVisible(m_ui->topLabel, position == LabelPosition::Top);
     setLabelVisible(m_ui->rightLabel, position == LabelPosition::Right);
     setLabelVisible(m_ui->bottomLabel, position == LabelPosition::Bottom);
+    // Captions of different heights below the input widgets of a row must not push those out of line.
+    const int isTopAligned = position == LabelPosition::Bottom;
+    if (m_ui->gridLayout->rowStretch(spareRow) != isTopAligned)
+        m_ui->gridLayout->setRowStretch(spareRow, isTopAligned);
     describeInput();
 }
 
@@ -174,12 +191,11 @@ void DBParamWidget::setProblem(const QString &text)
 {
     if (text == problem())
         return;
-    if (!m_problem) {
+    if (!m_problem)
         m_problem = new ProblemLabel(this);
-        m_ui->gridLayout->addWidget(m_problem, m_ui->gridLayout->rowCount(), 0, 1, m_ui->gridLayout->columnCount());
-    }
     m_problem->setText(text);
     m_problem->setVisible(!text.isEmpty());
+    placeProblem();
     describeInput();
 }
 
@@ -203,33 +219,27 @@ void DBParamWidget::retranslate()
 
 bool DBParamWidget::event(QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::Polish:
-    case QEvent::ToolTipChange: {
-        const bool isHandled = QWidget::event(event);
-        describeInput();
-        return isHandled;
-    }
-    case QEvent::LayoutRequest:
-    case QEvent::Resize:
-    case QEvent::Show: {
-        const bool isHandled = QWidget::event(event);
-        if (isVisible()) {
-            keepCaptionsWhole();
-            placeMark();
-        }
-        return isHandled;
-    }
-    default:
+    const bool changesLayout = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
+    const bool changesDescription = event->type() == QEvent::Show || event->type() == QEvent::ToolTipChange;
+    if (!changesLayout && !changesDescription)
         return QWidget::event(event);
+
+    const bool isHandled = QWidget::event(event);
+    if (isVisible()) {
+        keepCaptionsWhole();
+        placeMark();
+        placeProblem();
+        if (changesDescription)
+            describeInput();
     }
+    return isHandled;
 }
 
 void DBParamWidget::keepCaptionsWhole()
 {
     // A caption keeps its preferred width in a wider column, but the layout asks for its height at the column's width,
     // where it needs fewer lines.
-    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+    for (QLabel *label : captionsOf(*m_ui)) {
         if (label->isVisible() && label->height() < label->sizeHint().height())
             label->setMinimumHeight(label->sizeHint().height());
     }
@@ -244,9 +254,30 @@ void DBParamWidget::placeMark()
     m_mark->move((margin - EditorMark::extent) / 2, middle - EditorMark::extent / 2);
 }
 
+void DBParamWidget::placeProblem()
+{
+    if (!m_problem)
+        return;
+    // In the margin below the grid: a cell across its columns would bring their spacings along and make the row wider.
+    QMargins margins = m_ui->gridLayout->contentsMargins();
+    const int width = this->width() - margins.left();
+    const int height = m_problem->isHidden() ? 0 : m_problem->heightForWidth(width);
+    margins.setBottom(height > 0 ? problemSpacing + height : 0);
+    if (margins != m_ui->gridLayout->contentsMargins())
+        m_ui->gridLayout->setContentsMargins(margins);
+
+    QRect content = m_ui->centralWidget->geometry();
+    for (const QLabel *label : captionsOf(*m_ui)) {
+        if (!label->isHidden())
+            content |= label->geometry();
+    }
+    m_problem->setGeometry(margins.left(), content.bottom() + 1 + problemSpacing, width, height);
+}
+
 void DBParamWidget::describeInput()
 {
-    QWidget *input = testAttribute(Qt::WA_WState_Polished) ? centralWidget() : nullptr;
+    // What is on no screen is described when it gets there: that is no cost of building a page.
+    QWidget *input = isVisible() ? centralWidget() : nullptr;
     if (!input)
         return;
 
@@ -254,7 +285,7 @@ void DBParamWidget::describeInput()
     if (canChangeLabelPosition())
         input->setAccessibleName(m_ui->leftLabel->text());
     input->setAccessibleDescription(description());
-    for (QLabel *label : {m_ui->leftLabel, m_ui->topLabel, m_ui->rightLabel, m_ui->bottomLabel}) {
+    for (QLabel *label : captionsOf(*m_ui)) {
         QWidget *buddy = canBeBuddy(label) ? input : nullptr;
         if (label->buddy() != buddy)
             label->setBuddy(buddy);

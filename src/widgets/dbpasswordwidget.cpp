@@ -1,5 +1,7 @@
 #include <vxsettings/dbpasswordwidget.h>
 
+#include "readonlylook.h"
+
 #include <vxwidgets/passwordedit.h>
 
 DBPasswordWidget::DBPasswordWidget(QWidget *parent)
@@ -33,7 +35,7 @@ void DBPasswordWidget::setReadOnly(bool readOnly)
 {
     DBParamWidget::setReadOnly(readOnly);
     if (auto *passwordEdit = qobject_cast<PasswordEdit *>(centralWidget()))
-        passwordEdit->setReadOnly(readOnly);
+        readonlylook::setReadOnly(passwordEdit, readOnly);
 }
 
 void DBPasswordWidget::setEnabled(bool enabled)

@@ -1,5 +1,9 @@
 #include <vxsettings/dbspinboxwidget.h>
 
+#include "readonlylook.h"
+
+#include <qtcompat.h>
+
 #include <vxwidgets/scrollignoringspinbox.h>
 
 DBSpinBoxWidget::DBSpinBoxWidget(QWidget *parent)
@@ -9,7 +13,7 @@ DBSpinBoxWidget::DBSpinBoxWidget(QWidget *parent)
     connect(spinBox, QOverload<int>::of(&QSpinBox::valueChanged), this,
             [this](int value) { Q_EMIT paramChanged(key(), value); });
     // On purpose not the overload that setDefaultValue() reconnects: after a revert every change commits twice.
-    connect(spinBox, SIGNAL(valueChanged(QString)), this, SIGNAL(commitData()));
+    connect(spinBox, qtcompat::spinBoxTextSignal(), this, SIGNAL(commitData()));
     setCentralWidget(spinBox);
 }
 
@@ -18,7 +22,7 @@ void DBSpinBoxWidget::setValue(const QVariant &value)
     auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget());
     if (!spinBox)
         return;
-    spinBox->setValue(value.toInt());
+    spinBox->setValue(qtcompat::numberText(value).toInt());
     DBParamWidget::setValue(value);
 }
 
@@ -39,15 +43,18 @@ void DBSpinBoxWidget::setParamRange(const std::pair<int, int> &range)
 
 void DBSpinBoxWidget::setSpecialValue(const QString &text)
 {
-    if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setSpecialValueText(text);
+    auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget());
+    if (!spinBox || spinBox->specialValueText() == text)
+        return;
+    spinBox->setSpecialValueText(text);
+    spinBox->updateGeometry(); // Qt leaves a spin box that is on screen as wide as it is
 }
 
 void DBSpinBoxWidget::setReadOnly(bool readOnly)
 {
     DBParamWidget::setReadOnly(readOnly);
     if (auto *spinBox = qobject_cast<ScrollIgnoringSpinBox *>(centralWidget()))
-        spinBox->setReadOnly(readOnly);
+        readonlylook::setReadOnly(spinBox, readOnly);
 }
 
 void DBSpinBoxWidget::setEnabled(bool enabled)

@@ -4,6 +4,9 @@
 
 #include <vxstyles/vxiconhelper.h>
 
+#include <qtcompat.h>
+
+#include <QEvent>
 #include <QIcon>
 #include <QJsonObject>
 #include <QSignalBlocker>
@@ -14,6 +17,10 @@
 using dependent_widget::GroupInfo;
 
 namespace {
+
+// The widgets remember what their texts were translated from; nothing else does.
+constexpr char contextProperty[] = "translationContext";
+constexpr char sourceProperty[] = "sourceText";
 
 QString translated(const QString &context, const QString &text)
 {
@@ -35,11 +42,15 @@ DependentWidgetsBox::~DependentWidgetsBox() = default;
 void DependentWidgetsBox::setDescription(const QString &description)
 {
     m_ui->cbGroup->setText(description);
+    nameGroupCheckBox();
 }
 
 void DependentWidgetsBox::setData(const QString &context, const GroupInfo &info, const QJsonObject &flags)
 {
+    m_ui->frame->setProperty(contextProperty, context);
+    m_ui->lbName->setProperty(sourceProperty, info.name);
     m_ui->lbName->setText(translated(context, info.name));
+    nameGroupCheckBox();
     m_ui->lbIcon->setPixmap(VXIconHelper::pixmap(QIcon::fromTheme(info.icon), dependent_widget::ICON_SIZE, Qt::black));
     auto *column = qobject_cast<QVBoxLayout *>(m_ui->frame->layout());
     clearData(column);
@@ -53,6 +64,7 @@ void DependentWidgetsBox::setData(const QString &context, const GroupInfo &info,
         const auto &[text, position] = *param;
         auto *box = new QCheckBox(translated(context, text));
         box->setObjectName(flag.key());
+        box->setProperty(sourceProperty, text);
         box->setStyleSheet(dependent_widget::BUTTON_STYLESHEET);
         box->setChecked(flag->toBool());
         connect(box, &QCheckBox::clicked, this, &DependentWidgetsBox::onInnerCheckBoxClicked);
@@ -60,8 +72,13 @@ void DependentWidgetsBox::setData(const QString &context, const GroupInfo &info,
         checkedCount += box->isChecked();
     }
     std::stable_sort(boxes.begin(), boxes.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    for (const auto &[position, box] : boxes)
-        column->insertWidget(position, box);
+    QWidget *previous = m_ui->cbGroup;
+    for (const auto &[position, box] : boxes) {
+        column->insertWidget(qMin(position, column->count()), box);
+        // New boxes would come after all else that is in the window.
+        setTabOrder(previous, box);
+        previous = box;
+    }
     setGroupCheckBoxState(int(boxes.size()), checkedCount);
 }
 
@@ -95,6 +112,29 @@ void DependentWidgetsBox::clearData(QLayout *layout)
     m_ui->cbGroup->setCheckState(Qt::Unchecked);
 }
 
+void DependentWidgetsBox::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void DependentWidgetsBox::retranslate()
+{
+    const QString context = m_ui->frame->property(contextProperty).toString();
+    const QVariant title = m_ui->lbName->property(sourceProperty);
+    m_ui->lbName->setText(title.isValid() ? translated(context, title.toString()) : tr("Название группы"));
+    for (QCheckBox *box : innerCheckBoxes())
+        box->setText(translated(context, box->property(sourceProperty).toString()));
+    nameGroupCheckBox();
+}
+
+void DependentWidgetsBox::nameGroupCheckBox()
+{
+    const QString name = m_ui->cbGroup->text() + QLatin1Char(' ') + m_ui->lbName->text();
+    m_ui->cbGroup->setAccessibleName(name.trimmed());
+}
+
 void DependentWidgetsBox::onInnerCheckBoxClicked(bool checked)
 {
     const QList<QCheckBox *> boxes = innerCheckBoxes();
@@ -117,5 +157,5 @@ void DependentWidgetsBox::onGroupCheckBoxClicked(bool checked)
 
 QList<QCheckBox *> DependentWidgetsBox::innerCheckBoxes() const
 {
-    return m_ui->frame->findChildren<QCheckBox *>();
+    return qtcompat::findChildren<QCheckBox>(m_ui->frame);
 }

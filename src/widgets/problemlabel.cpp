@@ -10,9 +10,7 @@ ProblemLabel::ProblemLabel(QWidget *parent)
     setObjectName(QStringLiteral("problemLabel"));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
-    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setAlignment(Qt::AlignTop | Qt::AlignLeading);
     followPalette();
 }
 

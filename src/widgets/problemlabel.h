@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-/// A line of warning in as many lines as the width leaves it; it never asks for more width.
+/// A warning in words, in a colour that can be read on the palette it is painted with.
 class ProblemLabel : public QLabel
 {
 public:

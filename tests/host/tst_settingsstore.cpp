@@ -35,6 +35,7 @@ private Q_SLOTS:
     void badDatabasesStayAsTheyAre();
     void aForeignLogIsNotCarriedOver();
     void ownLogOfAKilledProgramIsRead();
+    void halfAChangeOfAKilledProgramIsTakenBack();
     void aCopyHoldsWhatTheOriginalHolds();
     void aBadDatabaseIsNotCopied();
 };
@@ -437,6 +438,29 @@ void TestSettingsStore::ownLogOfAKilledProgramIsRead()
     }
     SettingsStore store;
     QCOMPARE(loaded(opened(store, database)).settings["PT_MOBILE_HOST"], QString("the last words"));
+}
+
+void TestSettingsStore::halfAChangeOfAKilledProgramIsTakenBack()
+{
+    const TestDatabase killed;
+    const TestDatabase database;
+    makeSample(killed);
+    {
+        // As programs write that do not use a log.
+        SqlConnection writer(DatabaseLocation::ofFile(killed.path()), SqlConnection::Mode::ReadWrite);
+        QVERIFY(writer.execute("PRAGMA journal_mode = DELETE"));
+        QVERIFY(writer.execute("PRAGMA cache_size = 1"));
+        QVERIFY(writer.execute("PRAGMA cache_spill = 1"));
+        QVERIFY(writer.execute("BEGIN IMMEDIATE"));
+        QVERIFY(writer.execute("UPDATE settings SET value = 'half'"));
+        QVERIFY(writer.execute("UPDATE objects SET name = 'half'"));
+        QVERIFY(QFile::copy(killed.path(), database.path()));
+        QVERIFY(QFile::copy(killed.path() + "-journal", database.path() + "-journal"));
+        QVERIFY(database.bytes().contains("half"));
+    }
+    SettingsStore store;
+    QVERIFY(!loaded(opened(store, database)).settings.values().contains("half"));
+    QCOMPARE(database.ask("PRAGMA integrity_check").toString(), QString("ok"));
 }
 
 void TestSettingsStore::aCopyHoldsWhatTheOriginalHolds()

@@ -2,6 +2,8 @@
 
 #include "messages.h"
 
+#include <host/settingaddress.h>
+
 #include <vxsettings/dbkeys.h>
 
 #include <localstorage/localstorage.h>
@@ -20,9 +22,13 @@ private Q_SLOTS:
     void caption();
     void value_data();
     void value();
+    void valueAtAnAddress_data();
+    void valueAtAnAddress();
     void secrets_data();
     void secrets();
 };
+
+Q_DECLARE_METATYPE(SettingAddress)
 
 void TestSettingWords::initTestCase()
 {
@@ -82,6 +88,42 @@ void TestSettingWords::value()
     QFETCH(QString, key);
     QFETCH(QString, text);
     QTEST(SettingWords::value(key, text), "words");
+}
+
+void TestSettingWords::valueAtAnAddress_data()
+{
+    QTest::addColumn<SettingAddress>("address");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("words");
+
+    const auto row = [](const char *name, const SettingAddress &address, const QString &text, const char *words) {
+        QTest::newRow(name) << address << text << QString(words);
+    };
+    row("nothing", {MOBILE_HOST}, QString(), "не задано");
+    row("text", {MOBILE_HOST}, "host", "«host»");
+    row("text with control characters", {MOBILE_HOST}, "a\tb\nc", "«a b c»");
+    row("number", {MOBILE_PORT}, "08443", "8443");
+    row("number out of range", {MOBILE_PORT}, "70000", "«70000»");
+    row("what stands for a number", {USER_SESSION_COUNT}, "0", "Без ограничений");
+    row("number of a member", {PIN_STRENGTH, "min_len"}, "4", "4");
+    row("flag of a member", {PIN_STRENGTH, "deny_equal"}, "true", "да");
+    row("choice", {CARD_VIEW_FORMAT}, "1", "Шестнадцатеричный");
+    row("object", {DEFAULT_DEPARTMENT}, "5", "Отдел кадров");
+    row("no object", {DEFAULT_DEPARTMENT}, "0", "не выбрано");
+    row("empty reference", {DEFAULT_DEPARTMENT}, "", "не выбрано");
+    row("unknown key", {"PT_OTHER"}, "5", "«5»");
+    row("unknown member", {PIN_STRENGTH, "zone"}, "[1]", "«[1]»");
+    row("secret", {PASSWORD_DEF}, "canary", "скрыто");
+    row("no secret", {PASSWORD_DEF}, "", "не задано");
+}
+
+void TestSettingWords::valueAtAnAddress()
+{
+    QFETCH(SettingAddress, address);
+    QFETCH(QString, text);
+    QTEST(SettingWords::value(address, text), "words");
+    const QString words = SettingWords::value(SettingAddress{MOBILE_HOST}, QString(1000000, 'x'));
+    QVERIFY(words.size() < 1000 && words.endsWith("…"));
 }
 
 void TestSettingWords::secrets_data()

@@ -4,6 +4,8 @@
 
 #include "iconlibrary.h"
 
+#include <qtcompat.h>
+
 #include <QGuiApplication>
 #include <QIcon>
 #include <QTextStream>
@@ -54,7 +56,7 @@ int main(int argc, char **argv)
     if (start == "hicolor-fallback")
         QIcon::setFallbackThemeName("hicolor");
     if (start == "high-dpi-pixmaps")
-        QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+        qtcompat::useHighDpiPixmaps();
     if (start == "second-application")
         delete new QGuiApplication(argc, argv);
     return runWithGui(argc, argv);

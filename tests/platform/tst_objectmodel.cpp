@@ -98,7 +98,7 @@ void TestObjectModel::data()
     const QModelIndex shop = stored.model.indexOf(21);
     QCOMPARE(shop.data(Qt::DisplayRole).toString(), QString("Цех"));
     QCOMPARE(shop.data(ObjectModel::UidRole), QVariant(21u));
-    QCOMPARE(shop.data(Qt::DecorationRole).type(), QVariant::Icon);
+    QCOMPARE(shop.data(Qt::DecorationRole).userType(), int(QMetaType::QIcon));
     QVERIFY(!shop.data(Qt::EditRole).isValid());
 }
 

@@ -46,7 +46,7 @@ void TestUserDataButton::keepsAnyValue()
 
     QVERIFY(button.setProperty("userData", value));
     QCOMPARE(button.userData(), value);
-    QCOMPARE(button.userData().type(), value.type());
+    QCOMPARE(button.userData().userType(), value.userType());
     QCOMPARE(button.property("userData"), value);
 }
 

@@ -520,7 +520,7 @@ void TestVXTreeBox::popupStaysOnTheScreen()
     company.box.move(place);
     QVERIFY(company.openPopup());
     const QRect popup = company.popup()->geometry();
-    const QRect box(company.box.mapToGlobal({0, 0}), company.box.size());
+    const QRect box(company.box.mapToGlobal(QPoint(0, 0)), company.box.size());
     QVERIFY(QApplication::primaryScreen()->availableGeometry().contains(popup));
     QVERIFY(!popup.intersects(box));
     QCOMPARE(popup.top() > box.top(), below);
@@ -1031,6 +1031,9 @@ void TestVXTreeBox::closedBoxPaintsTheName()
     palette.setColor(enabled ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText, color);
     company.box.setPalette(palette);
     company.box.setEnabled(enabled);
+    QFont font;
+    font.setPixelSize(17); // as high as the lines that are counted below
+    company.box.setFont(font);
     company.box.setFixedSize(400, height);
     company.choose("");
     const QImage without = company.box.grab().toImage();

@@ -184,7 +184,7 @@ void TestDBDirector::editorIsHandedOverFresh()
     QCOMPARE(builder.editor()->toolTip(), QString());
     QCOMPARE(builder.editor()->isReadOnly(), false);
     QCOMPARE(builder.editor()->value(), value);
-    QCOMPARE(builder.editor()->value().type(), value.type());
+    QCOMPARE(builder.editor()->value().userType(), value.userType());
 }
 
 void TestDBDirector::selectorOffersItsOwnObjects_data()

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void groupWithANewWidgetFindsItsEditors();
     void paramKeysListsEveryEditorOnce();
     void paramValueComesInTheEditorsType();
+    void lookUpsWhileAWidgetDies();
     void editorIsFoundWhereverItIs_data();
     void editorIsFoundWhereverItIs();
     void lookUpsIgnoreTheChildNodes();
@@ -253,6 +254,24 @@ void TestDBSettingsGroup::paramKeysListsEveryEditorOnce()
     QCOMPARE(sorted(group.paramKeys()), QStringList({"PT_A", "PT_B", "pt_a"}));
 }
 
+void TestDBSettingsGroup::lookUpsWhileAWidgetDies()
+{
+    DBSettingsGroup group(1);
+    group.setWidget(new QWidget);
+    auto *content = new QWidget(group.widget().get());
+    const DBParamWidget *first = newEditor(content, "first", 1);
+    newEditor(content, "second", 2);
+    QVariant value;
+    QStringList keys;
+    connect(first, &QObject::destroyed, this, [&] {
+        value = group.paramValue("second");
+        keys = group.paramKeys();
+    });
+    delete content;
+    QCOMPARE(value, QVariant(2));
+    QCOMPARE(keys, QStringList("second"));
+}
+
 void TestDBSettingsGroup::paramValueComesInTheEditorsType()
 {
     DBSettingsGroup group(1);
@@ -267,9 +286,9 @@ void TestDBSettingsGroup::paramValueComesInTheEditorsType()
     spinBox->setValue("12");
 
     QCOMPARE(group.paramValue("number"), QVariant(8));
-    QCOMPARE(group.paramValue("number").type(), QVariant::Int);
-    QCOMPARE(group.paramValue("text").type(), QVariant::String);
-    QCOMPARE(group.paramValue("flag").type(), QVariant::Bool);
+    QCOMPARE(group.paramValue("number").userType(), int(QMetaType::Int));
+    QCOMPARE(group.paramValue("text").userType(), int(QMetaType::QString));
+    QCOMPARE(group.paramValue("flag").userType(), int(QMetaType::Bool));
     QVERIFY(!group.paramValue("nothing").isValid());
     QVERIFY(!group.paramValue("unknown").isValid());
 

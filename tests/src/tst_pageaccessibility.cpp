@@ -80,6 +80,7 @@ private Q_SLOTS:
     void nameFollowsTheCaption();
     void roles_data();
     void roles();
+    void groupsAreNamedByTheirTitles();
     void toolTipIsToldInPlainText();
     void descriptionFollowsToolTipMarkAndProblem();
     void passwordsAreNotTold_data();
@@ -188,6 +189,18 @@ void TestPageAccessibility::roles()
     QCOMPARE(bool(input->state().disabled), false);
     editor->setEnabled(false);
     QCOMPARE(bool(input->state().disabled), true);
+}
+
+void TestPageAccessibility::groupsAreNamedByTheirTitles()
+{
+    Page page(1);
+    QVERIFY(showActive(page.window));
+    QStringList names;
+    for (auto *frame : page.window.findChildren<VXSettingsGroupWidget *>()) {
+        QCOMPARE(accessible(frame)->role(), QAccessible::Grouping);
+        names << accessible(frame)->text(QAccessible::Name);
+    }
+    QCOMPARE(names, QStringList({"Сотрудники", "Сложность пин-кода"}));
 }
 
 void TestPageAccessibility::toolTipIsToldInPlainText()

@@ -332,7 +332,7 @@ void TestPageInput::typingAPassword()
     QTest::keyClicks(line, "open");
     QCOMPARE(page.tree->parameters().value(LOCKER_ACCESS_TOKEN), QString("open"));
     QCOMPARE(changed.count(), 4);
-    QCOMPARE(line->displayText().count(), 4);
+    QCOMPARE(line->displayText().length(), 4);
     QVERIFY(!line->displayText().contains("o"));
 }
 
@@ -464,14 +464,14 @@ void TestPageInput::commitsAfterBuildingAndAfterARevert()
 
     QTest::sendKeyEvent(QTest::Click, editor->centralWidget(), Qt::Key(inputKey), typed, Qt::NoModifier);
     QCOMPARE(changed.count(), 1);
-    QTEST(committed.count(), "afterBuilding");
+    QTEST(int(committed.count()), "afterBuilding");
 
     page.tree->setDefaultValue();
     changed.clear();
     committed.clear();
     QTest::sendKeyEvent(QTest::Click, editor->centralWidget(), Qt::Key(inputKey), typed, Qt::NoModifier);
     QCOMPARE(changed.count(), 1);
-    QTEST(committed.count(), "afterRevert");
+    QTEST(int(committed.count()), "afterRevert");
 }
 
 void TestPageInput::revertAfterTyping()

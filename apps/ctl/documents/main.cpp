@@ -1,6 +1,8 @@
 #include "manualpage.h"
 #include "shellcompletion.h"
 
+#include <host/translations.h>
+
 #include <QCoreApplication>
 #include <QSaveFile>
 
@@ -34,10 +36,13 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(VXSETTINGS_VERSION));
     const QStringList arguments = QCoreApplication::arguments();
+    Translations translations(QStringLiteral("vxsettingsctl"));
+    if (!translations.setLanguage(arguments.value(3, translations.language())))
+        return 1;
     for (const Document &document : documents) {
-        if (arguments.size() == 3 && arguments[1] == QLatin1String(document.name))
+        if (arguments.size() >= 3 && arguments[1] == QLatin1String(document.name))
             return write(arguments[2], document.text()) ? 0 : 1;
     }
-    std::fputs("usage: vxsettingsctl-documents bash|zsh|fish|man FILE\n", stderr);
+    std::fputs("usage: vxsettingsctl-documents bash|zsh|fish|man FILE [LANGUAGE]\n", stderr);
     return 2;
 }

@@ -1,5 +1,7 @@
 #include <vxstyles/vxiconhelper.h>
 
+#include <qtcompat.h>
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QIcon>
@@ -24,9 +26,7 @@ QString cacheKey(const QIcon &icon, const QSize &size, const QColor &color, qrea
 /// The icon's own pixmap in device pixels; smaller than asked for where the theme has nothing that large.
 QPixmap untinted(const QIcon &icon, const QSize &size, qreal ratio)
 {
-    // With this attribute QIcon multiplies by the ratio itself.
-    const bool scaledByIcon = QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
-    QPixmap pixmap = icon.pixmap(scaledByIcon ? size : size * ratio);
+    QPixmap pixmap = icon.pixmap(qtcompat::isIconScaledByQt() ? size : size * ratio);
     pixmap.setDevicePixelRatio(1);
     return pixmap;
 }

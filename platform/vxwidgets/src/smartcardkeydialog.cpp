@@ -3,6 +3,7 @@
 #include <vxwidgets/passwordedit.h>
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
@@ -39,7 +40,7 @@ int firstStranger(const QString &text)
 /// The character of @p text at @p place, or its code point if it has no picture.
 QString nameOfCharacter(const QString &text, int place)
 {
-    const uint character = text.mid(place, 2).toUcs4().constFirst();
+    const char32_t character = text.mid(place, 2).toUcs4().constFirst();
     if (QChar::isPrint(character))
         return QString::fromUcs4(&character, 1);
 
@@ -54,15 +55,13 @@ bool isAllowedCount(int digits)
 
 SmartCardKeyDialog::SmartCardKeyDialog(QWidget *parent)
     : QDialog(parent)
+    , m_caption(new QLabel(this))
     , m_edit(new PasswordEdit(this))
     , m_message(new QLabel(this))
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
     setModal(true);
-    setWindowTitle(tr("Ключ смарт-карты"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("ОК"));
-    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Отмена"));
     m_edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_edit->setMinimumWidth(QFontMetrics(m_edit->font()).averageCharWidth() * widthInCharacters);
     m_message->setWordWrap(true);
@@ -70,10 +69,9 @@ SmartCardKeyDialog::SmartCardKeyDialog(QWidget *parent)
     // Room for the longest message, so that the buttons stay where they are while the user types.
     m_message->setMinimumHeight(m_message->fontMetrics().lineSpacing() * messageLines);
 
-    auto *caption = new QLabel(tr("&Ключ в шестнадцатеричном виде:"), this);
-    caption->setBuddy(m_edit);
+    m_caption->setBuddy(m_edit);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(caption);
+    layout->addWidget(m_caption);
     layout->addWidget(m_edit);
     layout->addWidget(m_message, 1);
     layout->addWidget(m_buttons);
@@ -81,7 +79,7 @@ SmartCardKeyDialog::SmartCardKeyDialog(QWidget *parent)
     connect(m_edit, &QLineEdit::textChanged, this, &SmartCardKeyDialog::check);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    check();
+    retranslate();
 }
 
 void SmartCardKeyDialog::setKey(const QString &key)
@@ -95,6 +93,25 @@ QString SmartCardKeyDialog::key() const
     QString digits;
     std::copy_if(text.begin(), text.end(), std::back_inserter(digits), [](QChar c) { return !c.isSpace(); });
     return digits.toUpper();
+}
+
+bool SmartCardKeyDialog::event(QEvent *event)
+{
+    if (event->type() != QEvent::LanguageChange)
+        return QDialog::event(event);
+    // After the button box, which gives its buttons texts of its own.
+    const bool isHandled = QDialog::event(event);
+    retranslate();
+    return isHandled;
+}
+
+void SmartCardKeyDialog::retranslate()
+{
+    setWindowTitle(tr("Ключ смарт-карты"));
+    m_caption->setText(tr("&Ключ в шестнадцатеричном виде:"));
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("ОК"));
+    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Отмена"));
+    check();
 }
 
 void SmartCardKeyDialog::check()

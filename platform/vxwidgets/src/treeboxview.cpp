@@ -1,5 +1,7 @@
 #include "treeboxview.h"
 
+#include <qtcompat.h>
+
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -64,7 +66,7 @@ bool TreeBoxView::filterViewportEvent(QEvent *event)
         m_isArrowPressed = isOnArrow(static_cast<QMouseEvent *>(event)->pos());
         return false;
     case QEvent::MouseMove: {
-        const QPoint way = static_cast<QMouseEvent *>(event)->globalPos() - m_shownAt;
+        const QPoint way = qtcompat::globalPosition(*static_cast<QMouseEvent *>(event)) - m_shownAt;
         m_isOpeningClick = m_isOpeningClick && way.manhattanLength() <= QApplication::startDragDistance();
         return false;
     }

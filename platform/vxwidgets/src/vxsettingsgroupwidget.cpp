@@ -3,6 +3,7 @@
 #include "lazyvisibility.h"
 #include "settingsgroupheader.h"
 
+#include <QAccessibleWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -18,6 +19,14 @@ public:
         return QVBoxLayout::expandingDirections() & ~Qt::Orientations(Qt::Vertical);
     }
 };
+
+/// For assistive technology a frame is a group of what is in it.
+QAccessibleInterface *createInterface(const QString &className, QObject *object)
+{
+    if (className != QLatin1String("VXSettingsGroupWidget"))
+        return nullptr;
+    return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Grouping);
+}
 } // namespace
 
 VXSettingsGroupWidget::VXSettingsGroupWidget(QWidget *parent)
@@ -25,6 +34,7 @@ VXSettingsGroupWidget::VXSettingsGroupWidget(QWidget *parent)
     , m_header(new SettingsGroupHeader(this))
     , m_body(new QWidget(this))
 {
+    QAccessible::installFactory(createInterface);
     auto *layout = new FrameLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_header, 0, Qt::AlignTop);

@@ -32,8 +32,8 @@ VXTreeViewDelegate::VXTreeViewDelegate(QObject *parent)
 
 QString VXTreeViewDelegate::displayText(const QVariant &value, const QLocale &locale) const
 {
-    return value.type() == QVariant::String ? singleLine(value.toString())
-                                            : QStyledItemDelegate::displayText(value, locale);
+    return value.userType() == QMetaType::QString ? singleLine(value.toString())
+                                                  : QStyledItemDelegate::displayText(value, locale);
 }
 
 QSize VXTreeViewDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -65,7 +65,7 @@ void VXTreeViewDelegate::initStyleOption(QStyleOptionViewItem *option, const QMo
     option->state.setFlag(QStyle::State_HasFocus, !isSelected && option->state & QStyle::State_HasFocus);
 
     const QVariant icon = index.data(Qt::DecorationRole);
-    if (icon.type() == QVariant::Icon) {
+    if (icon.userType() == QMetaType::QIcon) {
         const QPalette::ColorRole role = isSelected ? QPalette::HighlightedText : QPalette::Text;
         const QColor color = option->palette.color(colorGroup(*option), role);
         // The place of an icon that the theme does not have is kept, so that names stand below each other.

@@ -2,6 +2,8 @@
 #include "messages.h"
 #include "terminal.h"
 
+#include <host/translations.h>
+
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -26,7 +28,24 @@ constexpr Shell shells[] = {
 };
 // clang-format on
 
-const QString manualPage = QStringLiteral(SHARE "/man/man1/vxsettingsctl.1");
+struct Manual
+{
+    const char *language;
+    const char *path;
+};
+
+constexpr Manual manuals[] = {
+    {"en", SHARE "/man/man1/vxsettingsctl.1"},
+    {"ru", SHARE "/man/ru/man1/vxsettingsctl.1"},
+};
+
+void addManualRows()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("path");
+    for (const Manual &manual : manuals)
+        QTest::newRow(manual.language) << manual.language << manual.path;
+}
 
 QString path(const Shell &shell)
 {
@@ -133,9 +152,11 @@ private Q_SLOTS:
     void initTestCase();
     void completionsAgreeWithTheHelp_data();
     void completionsAgreeWithTheHelp();
+    void theManualPageAgreesWithTheHelp_data();
     void theManualPageAgreesWithTheHelp();
     void shellsAcceptTheirScript_data();
     void shellsAcceptTheirScript();
+    void theFormatterHasNoComplaints_data();
     void theFormatterHasNoComplaints();
     void typing_data();
     void typing();
@@ -176,9 +197,18 @@ void TestCtlDocuments::completionsAgreeWithTheHelp()
         QVERIFY2(script.contains(line), line);
 }
 
+void TestCtlDocuments::theManualPageAgreesWithTheHelp_data()
+{
+    addManualRows();
+}
+
 void TestCtlDocuments::theManualPageAgreesWithTheHelp()
 {
-    const Output page = run("man", {"--local-file", "--encoding=UTF-8", manualPage});
+    QFETCH(QString, language);
+    QFETCH(QString, path);
+    Translations translations("vxsettingsctl");
+    QVERIFY(translations.setLanguage(language));
+    const Output page = run("man", {"--local-file", "--encoding=UTF-8", path});
     QCOMPARE(page.status, 0);
     const QString text = page.out.simplified();
     const auto tells = [&text](const QString &part) { return text.contains(part.simplified()); };
@@ -194,7 +224,8 @@ void TestCtlDocuments::theManualPageAgreesWithTheHelp()
     for (const EnvironmentVariable &row : CommandTable::environment())
         QVERIFY2(tells(row.names + (' ' + CommandTable::tr(row.text))), row.names);
     for (const ExitStatusText &row : exitStatusTexts)
-        QVERIFY2(tells(QString::number(row.status) + ' ' + row.text), row.text);
+        QVERIFY2(tells(QString::number(row.status) + ' ' + QCoreApplication::translate("ExitStatus", row.text)),
+                 row.text);
 }
 
 void TestCtlDocuments::shellsAcceptTheirScript_data()
@@ -214,15 +245,21 @@ void TestCtlDocuments::shellsAcceptTheirScript()
     QCOMPARE(output.out + output.err, QString());
 }
 
+void TestCtlDocuments::theFormatterHasNoComplaints_data()
+{
+    addManualRows();
+}
+
 void TestCtlDocuments::theFormatterHasNoComplaints()
 {
-    const Output asMan = run("man", {"--warnings=all", "--local-file", "--encoding=UTF-8", manualPage});
+    QFETCH(QString, path);
+    const Output asMan = run("man", {"--warnings=all", "--local-file", "--encoding=UTF-8", path});
     QCOMPARE(asMan.status, 0);
     QCOMPARE(asMan.err, QString());
-    const Output bare = run("groff", {"-Kutf8", "-Tutf8", "-ww", "-man", "-z", manualPage});
+    const Output bare = run("groff", {"-Kutf8", "-Tutf8", "-ww", "-man", "-z", path});
     QCOMPARE(bare.status, 0);
     QCOMPARE(bare.err, QString());
-    const Output whatis = run("lexgrog", {manualPage});
+    const Output whatis = run("lexgrog", {path});
     QVERIFY2(whatis.out.contains("\"vxsettingsctl - "), qPrintable(whatis.out));
 }
 
@@ -262,7 +299,7 @@ void TestCtlDocuments::typing()
     QFETCH(QString, run);
     for (const Shell &shell : {shells[0], shells[1]}) {
         TypedShell typed(shell);
-        QTRY_VERIFY(typed.isReady());
+        QTRY_VERIFY_WITH_TIMEOUT(typed.isReady(), 30000);
         typed.type("vxsettingsctl " + keys + '\n');
         QTRY_VERIFY2(!typed.whatWasRun().isNull(), qPrintable(typed.screen()));
         QVERIFY2(typed.whatWasRun() == run, qPrintable(QString("%1: %2").arg(shell.name, typed.screen())));
@@ -287,7 +324,7 @@ void TestCtlDocuments::choicesAreListedWithTheirCaptions()
     QFETCH(QStringList, captions);
     for (const Shell &shell : {shells[0], shells[1]}) {
         TypedShell typed(shell);
-        QTRY_VERIFY(typed.isReady());
+        QTRY_VERIFY_WITH_TIMEOUT(typed.isReady(), 30000);
         typed.type("vxsettingsctl " + keys + "\t\t");
         for (int i = 0; i < numbers.size(); ++i) {
             const QRegularExpression entry(numbers[i] + "  +(-- |\\()" + captions[i]);

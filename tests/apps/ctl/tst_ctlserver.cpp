@@ -7,6 +7,10 @@
 
 #include <QTest>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 using namespace db::database;
 
 namespace {
@@ -45,6 +49,43 @@ public:
     }
 };
 
+/// Takes connections and never says a word.
+class SilentServer
+{
+public:
+    SilentServer()
+        : m_socket(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
+    {
+        m_address.sin_family = AF_INET;
+        m_address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof m_address;
+        auto *address = reinterpret_cast<sockaddr *>(&m_address);
+        if (bind(m_socket, address, size) != 0 || listen(m_socket, 1) != 0 ||
+            getsockname(m_socket, address, &size) != 0)
+            throw std::runtime_error("no socket");
+    }
+    ~SilentServer()
+    {
+        close(m_connection);
+        close(m_socket);
+    }
+    SilentServer(const SilentServer &) = delete;
+    SilentServer &operator=(const SilentServer &) = delete;
+
+    int port() const { return ntohs(m_address.sin_port); }
+    bool isAsked()
+    {
+        if (m_connection < 0)
+            m_connection = accept(m_socket, nullptr, nullptr);
+        return m_connection >= 0;
+    }
+
+private:
+    sockaddr_in m_address = {};
+    int m_socket;
+    int m_connection = -1;
+};
+
 QByteArray bytes(const QString &path)
 {
     QFile file(path);
@@ -71,6 +112,7 @@ private Q_SLOTS:
     void aWrongPasswordIsNotRepeated();
     void badServers_data();
     void badServers();
+    void theWaitingForASilentServerCanBeEnded();
     void changesAreToldAsTheyCome();
     void aLostConnectionIsToldAndMadeAgain();
     void anUnknownOutcome();
@@ -266,6 +308,17 @@ void TestCtlServer::badServers()
     QCOMPARE(program.out, QString());
     QVERIFY(!program.err.isEmpty());
     QVERIFY(!program.err.contains("Geheim-1"));
+}
+
+void TestCtlServer::theWaitingForASilentServerCanBeEnded()
+{
+    SilentServer silent;
+    ServerProgram program(QString("postgresql://vx@127.0.0.1:%1/vx").arg(silent.port()), {"list"});
+    program.start();
+    QTRY_VERIFY(silent.isAsked());
+    program.interrupt();
+    QCOMPARE(program.finish(), 5);
+    QVERIFY2(program.err.contains("Прервано"), qPrintable(program.err));
 }
 
 void TestCtlServer::changesAreToldAsTheyCome()

@@ -71,7 +71,7 @@ void TestCommandLine::error_data()
     QTest::addColumn<QString>("part"); // of the message
     QTest::newRow("unknown option") << QStringList{"--no-such"} << "no-such";
     QTest::newRow("value missing") << QStringList{"--database"} << "database";
-    QTest::newRow("empty database") << QStringList{"--database="} << "Не указан файл базы данных.";
+    QTest::newRow("empty database") << QStringList{"--database="} << "Не указана база данных.";
     QTest::newRow("empty folder") << QStringList{"--render="} << "Не указана папка для изображений.";
     QTest::newRow("unknown look") << QStringList{"--theme", "pink"} << "Нет такого оформления: «pink».";
     QTest::newRow("argument too many") << QStringList{"x.db"} << "Лишний аргумент: «x.db».";

@@ -424,7 +424,7 @@ void TestParamBuilder::storedTextIsHandedOverAsItIs()
     auto *editor = new ProbeEditor;
     builder.setParamWidget(editor).createWidget().createValue();
 
-    QCOMPARE(editor->value().type(), QVariant::String);
+    QCOMPARE(editor->value().userType(), int(QMetaType::QString));
     QVERIFY(!editor->value().isNull());
     QCOMPARE(editor->value().toString(), text);
 }
@@ -437,7 +437,7 @@ void TestParamBuilder::missingTextIsEmptyButNotNull()
     auto *editor = new ProbeEditor;
     builder.setParamWidget(editor).createWidget().createValue();
 
-    QCOMPARE(editor->value().type(), QVariant::String);
+    QCOMPARE(editor->value().userType(), int(QMetaType::QString));
     QVERIFY(!editor->value().isNull());
     QVERIFY(!editor->value().toString().isNull());
     QCOMPARE(editor->value().toString(), QString(""));

@@ -25,12 +25,17 @@ public:
     /// The text in upper case, without white space; a key as described above once the user has accepted.
     QString key() const;
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void retranslate();
     void check();
     /// What keeps the text from being a key, in words; empty if it is one.
     QString problem() const;
     static QString allowedCountsInWords();
 
+    QLabel *m_caption;           // child
     PasswordEdit *m_edit;        // child
     QLabel *m_message;           // child
     QDialogButtonBox *m_buttons; // child

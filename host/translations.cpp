@@ -1,0 +1,105 @@
+#include "translations.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QSettings>
+#include <QTranslator>
+
+namespace {
+
+QString sourceLanguage()
+{
+    return QStringLiteral("ru");
+}
+
+/// In the order of the user's preference.
+QStringList systemLanguages()
+{
+    QStringList languages;
+    for (const QString &language : QLocale::system().uiLanguages())
+        languages.append(QLocale(language).name().section(QLatin1Char('_'), 0, 0));
+    return languages;
+}
+
+QString settingsKey()
+{
+    return QStringLiteral("language");
+}
+} // namespace
+
+Translations::Translations(const QString &program)
+    : m_program(program)
+    , m_language(sourceLanguage())
+{}
+
+Translations::~Translations() = default;
+
+QString Translations::folder()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" VXSETTINGS_TRANSLATIONS));
+}
+
+QStringList Translations::languages()
+{
+    QStringList languages{sourceLanguage()};
+    const QString start = QStringLiteral("vxsettings_");
+    for (const QString &file : QDir(folder()).entryList({start + QStringLiteral("*.qm")}, QDir::Files, QDir::Name))
+        languages.append(file.mid(start.size()).chopped(int(qstrlen(".qm"))));
+    languages.removeDuplicates();
+    return languages;
+}
+
+QString Translations::name(const QString &language)
+{
+    const QLocale locale(language);
+    const QString name = locale.nativeLanguageName();
+    return locale.toUpper(name.left(1)) + name.mid(1);
+}
+
+QString Translations::preferred(const QStringList &wishes)
+{
+    const QStringList there = languages();
+    for (const QString &language : wishes + systemLanguages()) {
+        if (there.contains(language))
+            return language;
+    }
+    return sourceLanguage();
+}
+
+QString Translations::remembered()
+{
+    return QSettings().value(settingsKey()).toString();
+}
+
+bool Translations::setLanguage(const QString &language)
+{
+    if (!languages().contains(language))
+        return false;
+
+    m_language = language;
+    m_translators.clear();
+    // What is installed last is asked first.
+    install(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    for (const QString &catalogue : {QStringLiteral("vantorix"), QStringLiteral("vxsettings"), m_program})
+        install(catalogue, folder());
+    return true;
+}
+
+bool Translations::choose(const QString &language)
+{
+    if (!setLanguage(language))
+        return false;
+    QSettings().setValue(settingsKey(), language);
+    return true;
+}
+
+void Translations::install(const QString &catalogue, const QString &folder)
+{
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(catalogue + QLatin1Char('_') + m_language, folder) || translator->isEmpty())
+        return;
+    QCoreApplication::installTranslator(translator.get());
+    m_translators.push_back(std::move(translator));
+}

@@ -21,6 +21,9 @@ if ((${#tests[@]} == 0)); then
     mapfile -t tests < <(printf '%s\n' "${!scales[@]}" | sort)
 fi
 
+# A test function may take as long as its program.
+export QTEST_FUNCTION_TIMEOUT=3600000
+
 scripts/install-deps.sh --test
 cmake --preset dev > /dev/null
 cmake --build --preset dev

@@ -1,10 +1,11 @@
 #include "hostenvironment.h"
 
+#include <qtcompat.h>
+
 #include <QLoggingCategory>
-#include <QTextCodec>
 
 void HostEnvironment::prepare()
 {
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    qtcompat::useUtf8AsLocalEncoding();
     QLoggingCategory::setFilterRules(QStringLiteral("gui.lib.dbsettings.debug=false"));
 }

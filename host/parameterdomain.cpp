@@ -3,6 +3,8 @@
 #include <vxsettings/dbkeys.h>
 #include <vxsettings/dbsettingshelper.h>
 
+#include <qtcompat.h>
+
 #include <QStringList>
 
 #include <algorithm>
@@ -61,7 +63,7 @@ Kind numberProblem(const Parameter &parameter, const QString &stored)
 QString shownNumber(const Parameter &parameter, const QVariant &stored)
 {
     const auto [minimum, maximum] = DBSettingsHelper::paramRange(parameter.key);
-    return QString::number(qBound(minimum, stored.toInt(), maximum));
+    return QString::number(qBound(minimum, qtcompat::numberText(stored).toInt(), maximum));
 }
 
 QString allowedNumbers(const Parameter &parameter)
@@ -101,7 +103,7 @@ Kind choiceProblem(const Parameter &parameter, const QString &stored)
 QString shownChoice(const Parameter &parameter, const QVariant &stored)
 {
     const auto choices = DBSettingsHelper::paramValues(parameter.key);
-    const auto found = choices.find(unsigned(stored.toInt()));
+    const auto found = choices.find(unsigned(qtcompat::numberText(stored).toInt()));
     return QString::number(found == choices.end() ? choices.begin()->first : found->first);
 }
 
@@ -196,7 +198,7 @@ Kind referenceProblem(const Parameter &parameter, const QString &stored)
 
 QString shownReference(const Parameter &parameter, const QVariant &stored)
 {
-    const unsigned int uid = stored.toUInt();
+    const unsigned int uid = qtcompat::numberText(stored).toUInt();
     return QString::number(presence(parameter, uid) == Presence::Choosable ? uid : 0);
 }
 

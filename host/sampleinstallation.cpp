@@ -2,6 +2,8 @@
 
 #include <vxsettings/dbkeys.h>
 
+#include <qtcompat.h>
+
 #include <QFile>
 #include <QMap>
 #include <QTextStream>
@@ -45,7 +47,7 @@ QVector<ObjectRecord> orgstructure()
     QFile file(QStringLiteral(":/vxsettings/sample/orgstructure.txt"));
     file.open(QIODevice::ReadOnly);
     QTextStream stream(&file);
-    stream.setCodec("UTF-8");
+    qtcompat::setUtf8(stream);
 
     QVector<ObjectRecord> objects;
     QVector<unsigned int> path{0}; // uids from the top to the last object

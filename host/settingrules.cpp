@@ -2,6 +2,8 @@
 
 #include <vxsettings/dbkeys.h>
 
+#include <qtcompat.h>
+
 #include <QVariant>
 
 using namespace db::database;
@@ -50,7 +52,7 @@ constexpr Rule rules[] = {
 std::optional<qlonglong> numberIn(const OBJECT_PARAMETERS &settings, const SettingAddress &address)
 {
     bool isNumber = false;
-    const qlonglong number = address.valueIn(settings).value_or(QString()).toLongLong(&isNumber);
+    const qlonglong number = qtcompat::numberText(address.valueIn(settings).value_or(QString())).toLongLong(&isNumber);
     return isNumber ? std::optional(number) : std::nullopt;
 }
 

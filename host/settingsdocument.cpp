@@ -7,10 +7,11 @@
 
 #include <vxsettings/dbsettingshelper.h>
 
+#include <qtcompat.h>
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -32,14 +33,6 @@ bool isOfType(const QString &key, DBSettingsType type)
 bool isSecret(const QString &key)
 {
     return SettingAddress{key}.isKnown() && SettingWords::isSecret(key);
-}
-
-/// Nothing if @p bytes are not valid UTF-8.
-std::optional<QString> decoded(const QByteArray &bytes)
-{
-    QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars || state.remainingChars ? std::nullopt : std::optional(text);
 }
 
 /// The name of a member that occurs more than once; null if there is none.
@@ -69,7 +62,7 @@ SettingsDocument SettingsDocument::of(const OBJECT_PARAMETERS &stored, Secrets s
 
 SettingsDocument::Reading SettingsDocument::fromJson(const QByteArray &json)
 {
-    const auto text = decoded(json);
+    const auto text = qtcompat::fromUtf8(json);
     if (!text)
         return {{}, tr("Документ записан не в кодировке UTF-8.")};
     const QByteArray utf8 = text->toUtf8(); // without a byte order mark

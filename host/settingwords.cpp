@@ -7,6 +7,8 @@
 
 #include <localstorage/localstorage.h>
 
+#include <qtcompat.h>
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
@@ -28,7 +30,7 @@ QString choice(const QString &key, const QString &number)
 {
     const auto choices = DBSettingsHelper::paramValues(key);
     bool isNumber = false;
-    const auto found = choices.find(number.toUInt(&isNumber));
+    const auto found = choices.find(qtcompat::numberText(number).toUInt(&isNumber));
     return isNumber && found != choices.end() ? found->second : QString();
 }
 
@@ -73,7 +75,7 @@ bool isNoObject(const QString &key, const QString &text)
 
 QString quoted(const QString &text)
 {
-    return QStringLiteral("«%1»").arg(text);
+    return SettingWords::tr("«%1»").arg(text);
 }
 
 /// Fit for a list.

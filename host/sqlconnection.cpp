@@ -3,6 +3,8 @@
 #include "serverlink.h"
 #include "sqlerrorwords.h"
 
+#include <qtcompat.h>
+
 #include <QSqlDriver>
 #include <QSqlField>
 #include <QUrl>
@@ -44,7 +46,7 @@ QString uri(const QString &path, SqlConnection::Mode mode)
 
 QString literal(const QSqlDriver &driver, const QVariant &value)
 {
-    QSqlField field({}, value.type());
+    QSqlField field({}, qtcompat::typeOf(value));
     field.setValue(value);
     return driver.formatValue(field);
 }

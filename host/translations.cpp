@@ -73,6 +73,11 @@ QString Translations::remembered()
     return QSettings().value(settingsKey()).toString();
 }
 
+std::unique_ptr<QTranslator> Translations::libraryTexts(const QString &language)
+{
+    return load(QStringLiteral("vxsettings"), language, folder());
+}
+
 bool Translations::setLanguage(const QString &language)
 {
     if (!languages().contains(language))
@@ -95,10 +100,18 @@ bool Translations::choose(const QString &language)
     return true;
 }
 
-void Translations::install(const QString &catalogue, const QString &folder)
+std::unique_ptr<QTranslator> Translations::load(const QString &catalogue, const QString &language,
+                                                const QString &folder)
 {
     auto translator = std::make_unique<QTranslator>();
-    if (!translator->load(catalogue + QLatin1Char('_') + m_language, folder) || translator->isEmpty())
+    const bool isThere = translator->load(catalogue + QLatin1Char('_') + language, folder) && !translator->isEmpty();
+    return isThere ? std::move(translator) : nullptr;
+}
+
+void Translations::install(const QString &catalogue, const QString &folder)
+{
+    auto translator = load(catalogue, m_language, folder);
+    if (!translator)
         return;
     QCoreApplication::installTranslator(translator.get());
     m_translators.push_back(std::move(translator));

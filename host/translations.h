@@ -31,6 +31,9 @@ public:
     /// What was chosen last by the user of this program; null if nothing was.
     static QString remembered();
 
+    /// The settings library's texts in @p language, to look something up in; not installed. Null if it is not there.
+    static std::unique_ptr<QTranslator> libraryTexts(const QString &language);
+
     QString language() const { return m_language; }
     /// Every window gets a LanguageChange event. False, and nothing changes, if @p language is not there.
     bool setLanguage(const QString &language);
@@ -38,6 +41,7 @@ public:
     bool choose(const QString &language);
 
 private:
+    static std::unique_ptr<QTranslator> load(const QString &catalogue, const QString &language, const QString &folder);
     void install(const QString &catalogue, const QString &folder);
 
     QString m_program;

@@ -12,16 +12,23 @@ declare -A scales=(
     [tst_savefaults]=25
     [tst_serverfaults]=10
     [tst_diskfaults]=25
+    [tst_nastytexts]=20
+    [tst_baddatabases]=100
+    [tst_sessionmodel]=100
 )
 tests=("$@")
 if ((${#tests[@]} == 0)); then
     mapfile -t tests < <(printf '%s\n' "${!scales[@]}" | sort)
 fi
 
+# A test function may take as long as its program.
+export QTEST_FUNCTION_TIMEOUT=3600000
+
 scripts/install-deps.sh --test
 cmake --preset dev > /dev/null
 cmake --build --preset dev
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$PWD/build/dev/runtime QTEST_FUNCTION_TIMEOUT=7200000
 for test in "${tests[@]}"; do
     [[ -n ${scales[$test]:-} ]] || { echo "No long test has the name $test" >&2; exit 2; }
-    VXSETTINGS_TEST_SCALE=${scales[$test]} ctest --preset dev --verbose --tests-regex "^$test\$" --timeout 3600
+    VXSETTINGS_TEST_SCALE=${scales[$test]} tests/withserver.sh "build/dev/bin/$test"
 done

@@ -88,11 +88,11 @@
     </message>
     <message>
         <source>Рядом лежит «%1», и это не обычный файл.</source>
-        <translation>Beside it there is “%1”, and that is not a regular file.</translation>
+        <translation>“%1” lies beside it and is not a regular file.</translation>
     </message>
     <message>
         <source>На этом месте база данных хранит свой журнал. Уберите то, что там лежит.</source>
-        <translation>That is where the database keeps its log. Remove what is there.</translation>
+        <translation>This is where the database keeps its journal. Move away what lies there.</translation>
     </message>
 </context>
 <context>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Это значение уже сохранено.</source>
-        <translation>This value is saved already.</translation>
+        <translation>This value is already stored.</translation>
     </message>
     <message>
         <source>С тех пор настройку изменил кто-то другой.</source>
@@ -157,7 +157,7 @@
     </message>
     <message>
         <source>Черновик сделан не в этой базе данных или база восстановлена из старой копии.</source>
-        <translation>The draft was made in another database, or the database was restored from an old copy.</translation>
+        <translation>The draft was not made in this database, or the database was restored from an old copy.</translation>
     </message>
 </context>
 <context>
@@ -383,7 +383,11 @@
     </message>
     <message>
         <source>не выбрано</source>
-        <translation>not chosen</translation>
+        <translation>none selected</translation>
+    </message>
+    <message>
+        <source>«%1»</source>
+        <translation>“%1”</translation>
     </message>
 </context>
 <context>
@@ -452,15 +456,15 @@
     </message>
     <message>
         <source>Файл «%1» — не черновик изменений этой базы данных.</source>
-        <translation>The file “%1” is not a draft of changes of this database.</translation>
+        <translation>The file “%1” is no draft of changes to this database.</translation>
     </message>
     <message>
         <source>Не удаётся создать черновик несохранённых изменений в папке «%1».</source>
-        <translation>Cannot create a draft of unsaved changes in the folder “%1”.</translation>
+        <translation>The draft of unsaved changes cannot be created in the folder “%1”.</translation>
     </message>
     <message>
         <source>Не удаётся удалить файл «%1»: %2.</source>
-        <translation>Cannot remove the file “%1”: %2.</translation>
+        <translation>The file “%1” cannot be deleted: %2.</translation>
     </message>
 </context>
 <context>
@@ -479,15 +483,15 @@
     </message>
     <message>
         <source>Замечаний: %1</source>
-        <translation>Remarks: %1</translation>
+        <translation>Findings: %1</translation>
     </message>
     <message>
         <source>Настройки, которых нет в каталоге</source>
-        <translation>Settings that are not in the catalogue</translation>
+        <translation>Settings that the catalogue does not have</translation>
     </message>
     <message>
         <source>%1 — лист %2 из %3</source>
-        <translation>%1 — sheet %2 of %3</translation>
+        <translation>%1 – page %2 of %3</translation>
     </message>
 </context>
 <context>

@@ -29,15 +29,15 @@
     </message>
     <message>
         <source>&amp;Прервать</source>
-        <translation>&amp;Stop</translation>
+        <translation>&amp;Cancel</translation>
     </message>
     <message>
         <source>Больше не ждать. Изменения останутся несохранёнными</source>
-        <translation>Wait no longer. The changes stay unsaved</translation>
+        <translation>Stop waiting. The changes stay unsaved</translation>
     </message>
     <message>
         <source> (в другом месте тоже: %1)</source>
-        <translation> (elsewhere too: %1)</translation>
+        <translation> (elsewhere as well: %1)</translation>
     </message>
 </context>
 <context>
@@ -126,7 +126,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ). Где её ещё нет, она создаётся с примером настроек. Без параметра берётся значение переменной VXSETTINGS_DATABASE, без неё — файл в папке данных пользователя.</source>
-        <translation>The database: a file (sqlite:PATH, PATH) or a server (postgresql://WHO@HOST:PORT/NAME). Where there is none yet, it is created with sample settings. Without the option the value of the variable VXSETTINGS_DATABASE is taken, without that a file in the user’s data folder.</translation>
+        <translation>The database: a file (sqlite:PATH, PATH) or a server (postgresql://USER@HOST:PORT/NAME). Where there is none yet, it is created with sample settings. Without this option, the variable VXSETTINGS_DATABASE names the database; without that, it is a file in the user’s data folder.</translation>
     </message>
     <message>
         <source>Не указана база данных.</source>
@@ -149,15 +149,15 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>Пока вы редактировали настройки, эти параметры изменил кто-то другой. Ничего не записано. Выберите, какое значение оставить.</source>
-        <translation>While you were editing settings, somebody else changed these. Nothing was saved. Choose which value to keep.</translation>
+        <translation>While you were editing, somebody else changed these settings. Nothing has been saved. Choose which value to keep.</translation>
     </message>
     <message>
         <source>Было: %1</source>
-        <translation>Was: %1</translation>
+        <translation>Before: %1</translation>
     </message>
     <message>
         <source>Взять из базы данных</source>
-        <translation>Take that of the database</translation>
+        <translation>Take it from the database</translation>
     </message>
     <message>
         <source>Записать моё</source>
@@ -165,7 +165,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>Все из &amp;базы</source>
-        <translation>All of the &amp;database</translation>
+        <translation>All from the &amp;database</translation>
     </message>
     <message>
         <source>Все &amp;мои</source>
@@ -173,7 +173,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Записать выбранное</source>
-        <translation>&amp;Save what is chosen</translation>
+        <translation>&amp;Save the selection</translation>
     </message>
 </context>
 <context>
@@ -394,7 +394,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>База данных занята другой программой. Ожидание…</source>
-        <translation>Another program is using the database. Waiting…</translation>
+        <translation>The database is in use by another program. Waiting…</translation>
     </message>
     <message>
         <source>Выясняется, записаны ли изменения…</source>
@@ -533,7 +533,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>Неизвестно, записаны ли изменения. Когда связь восстановится, записанное перестанет отмечаться как изменённое.</source>
-        <translation>It is not known whether the changes were saved. When the connection is back, what was saved will no longer be marked as changed.</translation>
+        <translation>It is unknown whether the changes were saved. When the connection is back, what was saved will no longer be marked as changed.</translation>
     </message>
 </context>
 <context>
@@ -552,7 +552,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>По названиям, вариантам, подсказкам, ключам и близким по смыслу словам, на русском и английском языках</source>
-        <translation>By captions, choices, tool tips, keys and words of similar meaning, in Russian and English</translation>
+        <translation>In names, choices, tool tips, keys and words of similar meaning, in Russian and English</translation>
     </message>
     <message>
         <source>Изменённые (%1)</source>

@@ -54,7 +54,7 @@ Assignments assignments(const QStringList &arguments)
     return assignments;
 }
 
-Report apply(Session &session, const Assignments &assignments)
+Report assign(Session &session, const Assignments &assignments)
 {
     SettingChanges changes(session);
     for (const auto &[address, words] : assignments)
@@ -73,7 +73,7 @@ Report runWithInput(Session &session, const QStringList &arguments)
         return Report::failure(ExitInvalid, SetCommand::tr("Ничего не сохранено. Стандартный ввод не читается, длиннее "
                                                            "%1 байт или записан не в кодировке UTF-8.")
                                                 .arg(StandardInput::longest));
-    return apply(session, {{SettingAddress::fromText(arguments.constFirst()), *value}});
+    return assign(session, {{SettingAddress::fromText(arguments.constFirst()), *value}});
 }
 } // namespace
 
@@ -87,5 +87,5 @@ Report SetCommand::run(Session &session)
         return Report::failure(ExitUsage, error);
     if (auto failure = session.load())
         return *failure;
-    return apply(session, assignments(arguments));
+    return assign(session, assignments(arguments));
 }

@@ -1,7 +1,8 @@
 #include "standardinput.h"
 
+#include <qtcompat.h>
+
 #include <QFile>
-#include <QTextCodec>
 
 #include <csignal>
 #include <cstdio>
@@ -76,8 +77,5 @@ std::optional<QString> StandardInput::readValue()
     if (input.error() != QFileDevice::NoError || bytes.size() > longest)
         return {};
     removeLineBreak(bytes);
-
-    QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars || state.remainingChars ? std::nullopt : std::optional(text);
+    return qtcompat::fromUtf8(bytes);
 }

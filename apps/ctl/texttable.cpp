@@ -19,7 +19,7 @@ QVector<int> columnWidths(const QVector<QStringList> &rows)
     for (const QStringList &row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
         for (int column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], row[column].size());
+            widths[column] = std::max(widths[column], int(row[column].size()));
     }
     return widths;
 }

@@ -7,6 +7,8 @@
 
 #include <vxsettings/vxsettings_version.h>
 
+#include <qtcompat.h>
+
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
@@ -64,7 +66,7 @@ void followScreenScale()
 {
     if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
         return;
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    qtcompat::useHighDpiScaling();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
@@ -110,7 +112,7 @@ int main(int argc, char *argv[])
     if (!chooseDisplay(argv + 1, argv + argc))
         return refuseWithoutDisplay(argc, argv);
     followScreenScale();
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    qtcompat::useHighDpiPixmaps();
     const QApplication app(argc, argv);
     setUpApplication();
 

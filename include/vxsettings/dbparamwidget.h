@@ -110,6 +110,9 @@ private:
     void placeProblem();
     /// Tells assistive technology what stands around the input widget, once somebody can see it.
     void describeInput();
+    /// Makes the shown caption, whose text is @p name, the input widget's buddy. A text with '&' stays without: it
+    /// would lose that, and take the letter after it for a mnemonic.
+    void linkCaptions(const QString &name);
     QString description() const;
 
     std::unique_ptr<Ui_DBParamWidget> m_ui;

@@ -7,7 +7,20 @@ constexpr int widestInCharacters = 26;
 
 QSize CaptionLabel::sizeHint() const
 {
-    const QSize hint = QLabel::sizeHint();
-    const int widest = qMax(widestInCharacters * fontMetrics().averageCharWidth(), minimumSizeHint().width());
-    return hint.width() <= widest ? hint : QSize(widest, heightForWidth(widest));
+    const QSize labelHint = QLabel::sizeHint(); // kept by the label until text or font change
+    if (labelHint != m_labelHint || text() != m_text) {
+        m_text = text();
+        m_labelHint = labelHint;
+        m_hint = narrowed(labelHint);
+    }
+    return m_hint;
+}
+
+QSize CaptionLabel::narrowed(const QSize &hint) const
+{
+    int widest = widestInCharacters * fontMetrics().averageCharWidth();
+    if (hint.width() <= widest)
+        return hint;
+    widest = qMax(widest, minimumSizeHint().width()); // of the longest word
+    return {widest, heightForWidth(widest)};
 }

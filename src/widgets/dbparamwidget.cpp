@@ -36,12 +36,6 @@ void setLabelVisible(QLabel *label, bool visible)
     label->updateGeometry();
 }
 
-/// A label with a buddy draws no '&' but reacts to Alt and the letter after it; a caption is shown as it is.
-bool canBeBuddy(const QLabel *label)
-{
-    return !label->isHidden() && !label->text().contains(QLatin1Char('&'));
-}
-
 /// In the order in which they get their texts.
 std::array<QLabel *, 4> captionsOf(const Ui_DBParamWidget &form)
 {
@@ -67,6 +61,7 @@ DBParamWidget::~DBParamWidget() = default;
 
 void DBParamWidget::setName(const QString &name)
 {
+    linkCaptions(name); // before the text, because a label measures its text anew for it
     for (QLabel *label : captionsOf(*m_ui)) {
         label->setText(name);
         // What the previous text needed to be whole.
@@ -285,8 +280,14 @@ void DBParamWidget::describeInput()
     if (canChangeLabelPosition())
         input->setAccessibleName(m_ui->leftLabel->text());
     input->setAccessibleDescription(description());
+    linkCaptions(m_ui->leftLabel->text());
+}
+
+void DBParamWidget::linkCaptions(const QString &name)
+{
+    QWidget *input = name.contains(QLatin1Char('&')) ? nullptr : centralWidget();
     for (QLabel *label : captionsOf(*m_ui)) {
-        QWidget *buddy = canBeBuddy(label) ? input : nullptr;
+        QWidget *buddy = label->isHidden() ? nullptr : input;
         if (label->buddy() != buddy)
             label->setBuddy(buddy);
     }

@@ -29,6 +29,8 @@ QString wrapped(const QString &text, const QFontMetrics &metrics)
 QSize WrappingCheckBox::sizeHint() const
 {
     ensurePolished();
+    if (wrappedText() == text())
+        return QCheckBox::sizeHint();
     const QStyleOptionButton option = wrappedOption();
     const QSize contents = style()->itemTextRect(fontMetrics(), {}, Qt::TextShowMnemonic, false, option.text).size();
     return style()->sizeFromContents(QStyle::CT_CheckBox, &option, contents, this);
@@ -50,10 +52,20 @@ void WrappingCheckBox::paintEvent(QPaintEvent *)
     QStylePainter(this).drawControl(QStyle::CE_CheckBox, wrappedOption());
 }
 
+QString WrappingCheckBox::wrappedText() const
+{
+    if (m_text != text() || m_font != font()) {
+        m_text = text();
+        m_font = font();
+        m_wrappedText = wrapped(m_text, fontMetrics());
+    }
+    return m_wrappedText;
+}
+
 QStyleOptionButton WrappingCheckBox::wrappedOption() const
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    option.text = wrapped(option.text, fontMetrics());
+    option.text = wrappedText();
     return option;
 }

@@ -16,6 +16,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    /// What the style draws: text() with line breaks in it.
+    /// text() with line breaks in it.
+    QString wrappedText() const;
+    /// What the style draws.
     QStyleOptionButton wrappedOption() const;
+
+    // The last answer and what it was given for.
+    mutable QString m_text;
+    mutable QFont m_font;
+    mutable QString m_wrappedText;
 };

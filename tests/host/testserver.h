@@ -67,9 +67,6 @@ public:
             ::kill(pid_t(pid), signal);
     }
 
-    /// Whether it takes connections.
-    bool isReady() const { return SqlConnection(location(), SqlConnection::Mode::ReadOnly).isOpen(); }
-
     /// Ends the server as a power cut would.
     static void stopHard() { control({QStringLiteral("stop"), QStringLiteral("-m"), QStringLiteral("immediate")}); }
     static void start() { control({QStringLiteral("start")}); }

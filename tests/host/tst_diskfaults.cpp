@@ -28,8 +28,8 @@ namespace {
 const QStringList fourSaves{"all", "4", "1"};
 /// An outcome that cannot be found out is given up soon.
 const QStringList impatientSaves = fourSaves + QStringList{"300"};
-/// With a short deadline for calls.
-const QStringList hastySave{"all", "1", "1", "30000", "200"};
+/// With a short deadline for calls, after which a thread is made that has calls number N of its own.
+const QStringList hastySave{"all", "1", "1", "3000", "200"};
 constexpr int counters = 20;
 
 /// Of these, SQLite and Qt make every change of a file and its folder.
@@ -234,7 +234,7 @@ QVector<Call> sample(QVector<Call> calls, quint32 seed)
 {
     QRandomGenerator random(seed);
     std::shuffle(calls.begin(), calls.end(), random);
-    return calls.mid(0, 5);
+    return calls.mid(0, 4);
 }
 } // namespace
 
@@ -278,6 +278,7 @@ void TestDiskFaults::whatWasToldOfASaveIsTrue()
     const QVector<Call> all = allCalls(kinds, saver, hasCompany);
     const QVector<Call> calls = testrun::isLong() || kinds == syncCalls ? all : sample(all, seed);
     const bool lasts = saver == impatientSaves;
+    const bool mayStayUnknown = saver != fourSaves;
     int hurt = 0;
     Told sum;
     for (const Call &call : calls) {
@@ -299,7 +300,7 @@ void TestDiskFaults::whatWasToldOfASaveIsTrue()
         QVERIFY2(wrong.isEmpty(), where + "after a power cut: " + wrong.toUtf8() + output);
         wrong = problem(database, told);
         QVERIFY2(wrong.isEmpty(), where + wrong.toUtf8() + output);
-        QVERIFY2(lasts || told.unknown.isEmpty(), where + "an outcome was not found out" + output);
+        QVERIFY2(mayStayUnknown || told.unknown.isEmpty(), where + "an outcome was not found out" + output);
         QVERIFY2(run.isKilled || told.open.isEmpty(), where + "nothing was told" + output);
         hurt += run.isHurt ? 1 : 0;
         sum.add(told);

@@ -105,7 +105,7 @@ void TestSampleInstallation::jsonSettingsHaveEveryMemberAsText()
     QStringList wanted = DBSettingsHelper::groupParams(DBSettingsHelper::jsonGroup(key));
     wanted.sort();
     QCOMPARE(document.object().keys(), wanted);
-    QTEST(wanted.count(), "members");
+    QTEST(int(wanted.count()), "members");
     for (const QString &member : wanted)
         QVERIFY2(document.object()[member].isString(), qPrintable(member));
 }

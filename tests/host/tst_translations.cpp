@@ -4,6 +4,7 @@
 
 #include <host/settingaddress.h>
 #include <host/settingproblem.h>
+#include <host/settingssearch.h>
 
 #include <vxsettings/dbkeys.h>
 #include <vxsettings/dbsettingsgroup.h>
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void textsGoWithTheObject();
     void everyTextOfTheCatalogueIsTranslated();
     void anOpenPageFollows();
+    void searchUnderstandsALanguageThatIsNotInstalled();
 
 private:
     QTemporaryDir m_userSettings;
@@ -283,6 +285,19 @@ void TestTranslations::anOpenPageFollows()
     QVERIFY(translations.setLanguage("ru"));
     page->toGroup()->retranslate();
     QCOMPARE(title(), QString("Настройки подключения"));
+}
+
+void TestTranslations::searchUnderstandsALanguageThatIsNotInstalled()
+{
+    const auto english = Translations::libraryTexts("en");
+    QVERIFY(english);
+    QVERIFY(!Translations::libraryTexts("de"));
+    QCOMPARE(DBSettingsHelper::paramName(ENROLL_FACE_BLUR_QUALITY),
+             QString("Требуемое качество размытости изображения лица"));
+    const auto hits = SettingsSearch({english.get()}).find("blur quality");
+    QVERIFY(!hits.isEmpty());
+    QCOMPARE(hits.first().address.key, ENROLL_FACE_BLUR_QUALITY);
+    QCOMPARE(hits.first().text, QString("Required blur quality of the face image"));
 }
 
 QTEST_MAIN(TestTranslations)

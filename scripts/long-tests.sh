@@ -12,14 +12,17 @@ declare -A scales=(
     [tst_savefaults]=25
     [tst_serverfaults]=10
     [tst_diskfaults]=25
-    [tst_nastytexts]=10
-    [tst_baddatabases]=10
-    [tst_settingssequences]=200
+    [tst_nastytexts]=20
+    [tst_baddatabases]=100
+    [tst_sessionmodel]=100
 )
 tests=("$@")
 if ((${#tests[@]} == 0)); then
     mapfile -t tests < <(printf '%s\n' "${!scales[@]}" | sort)
 fi
+
+# A test function may take as long as its program.
+export QTEST_FUNCTION_TIMEOUT=3600000
 
 scripts/install-deps.sh --test
 cmake --preset dev > /dev/null

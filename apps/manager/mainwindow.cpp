@@ -2,14 +2,17 @@
 
 #include "changebar.h"
 #include "conflictdialog.h"
+#include "historydialog.h"
 #include "mainmenu.h"
 #include "pagearea.h"
 #include "pagelist.h"
+#include "reviewdialog.h"
 #include "savequestions.h"
 #include "searchfield.h"
 #include "settingsfiles.h"
 #include "spotlight.h"
 
+#include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
 #include <host/translations.h>
@@ -21,6 +24,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
@@ -95,7 +99,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
     connect(m_searchField, &SearchField::resultsChanged, m_list, &PageList::setHits);
-    connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);
+    connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::review);
     connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
     connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
@@ -159,7 +163,10 @@ QLayout *MainWindow::createNavigation()
 
 void MainWindow::connectMenu()
 {
-    connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::save);
+    connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::review);
+    connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
+    connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
+    connect(m_menu, &MainMenu::historyRequested, this, &MainWindow::showHistory);
     connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
     connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
@@ -184,10 +191,15 @@ void MainWindow::retranslate()
 
 void MainWindow::showPage(DBGroups group)
 {
+    m_stack->setCurrentWidget(openArea(group));
+}
+
+PageArea *MainWindow::openArea(DBGroups group)
+{
     PageArea *&area = m_areas[int(group)];
     if (!area)
         area = createPage(group);
-    m_stack->setCurrentWidget(area);
+    return area;
 }
 
 PageArea *MainWindow::createPage(DBGroups group)
@@ -213,6 +225,12 @@ void MainWindow::showParameter(const SettingAddress &address)
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
     editor->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::edit(const SettingAddress &address, const QString &text)
+{
+    openArea(SettingAddress{address.key}.group());
+    m_session.setParameter(address, text);
 }
 
 void MainWindow::findStoredProblems()
@@ -250,10 +268,21 @@ void MainWindow::showChanges()
         m_list->setChanged(page.group, m_session.hasChanges(page.group));
 }
 
+void MainWindow::review()
+{
+    if (!m_session.hasChanges() || m_session.isSaving())
+        return;
+    ReviewDialog dialog(changes(), this);
+    if (dialog.exec() == QDialog::Rejected)
+        return;
+    m_reason = dialog.reason();
+    save();
+}
+
 void MainWindow::save()
 {
     m_bar->setProgress(tr("Сохранение…"));
-    m_session.save();
+    m_session.save(m_reason);
 }
 
 void MainWindow::saveReplacingUnreadable(const QStringList &keys)
@@ -263,7 +292,7 @@ void MainWindow::saveReplacingUnreadable(const QStringList &keys)
         return;
     }
     m_bar->setProgress(tr("Сохранение…"));
-    m_session.save({}, SettingsSession::Unreadable::Replace);
+    m_session.save(m_reason, SettingsSession::Unreadable::Replace);
 }
 
 void MainWindow::showProgress(InstallationDatabase::Wait wait)
@@ -333,6 +362,41 @@ void MainWindow::resolveConflicts()
     save();
 }
 
+QVector<SettingChange> MainWindow::changes() const
+{
+    QVector<SettingChange> changes;
+    for (const SettingAddress &address : m_session.changedAddresses())
+        changes.append({address, m_session.storedText(address), m_session.shownText(address)});
+    SettingChange::sort(changes);
+    return changes;
+}
+
+void MainWindow::showHistory()
+{
+    HistoryDialog dialog(std::nullopt, this);
+    connect(&dialog, &HistoryDialog::restoreRequested, this,
+            [this](const SettingAddress &address, const QString &text) {
+                edit(address, text);
+                showParameter(address);
+            });
+    const QPointer<HistoryDialog> shown(&dialog);
+    m_database.history({}, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
+        if (!shown)
+            return;
+        if (read.error)
+            shown->setProblem(read.error->text());
+        else
+            shown->setRecords(read.value);
+    });
+    dialog.exec();
+}
+
+void MainWindow::importSettings()
+{
+    for (const SettingChange &change : m_files->chooseImported())
+        edit(change.address, change.after);
+}
+
 void MainWindow::stay()
 {
     m_isLeaving = false;
@@ -363,10 +427,12 @@ bool MainWindow::mayClose()
     }
     if (!m_session.hasChanges())
         return true;
-    const auto answer = SaveQuestions::leave(this, m_session.changedAddresses().count());
+    const auto answer = SaveQuestions::leave(this, changes());
     m_isLeaving = answer == SaveQuestions::Leaving::Save;
-    if (m_isLeaving)
+    if (m_isLeaving) {
+        m_reason.clear();
         save();
+    }
     return answer == SaveQuestions::Leaving::Discard;
 }
 

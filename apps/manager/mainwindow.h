@@ -20,6 +20,7 @@ class QStackedWidget;
 class QTranslator;
 class SearchField;
 class SettingsFiles;
+struct SettingChange;
 class SettingsSession;
 class Translations;
 
@@ -39,6 +40,9 @@ public:
     /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
     /// there.
     void showParameter(const SettingAddress &address);
+    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed. Opens the page for that, without
+    /// leaving the one that is shown.
+    void edit(const SettingAddress &address, const QString &text);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -51,17 +55,22 @@ private:
     void showAbout();
     void retranslate();
     void showPage(DBGroups group);
+    PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
     void findStoredProblems();
     void showProblems();
 
     void save();
+    void review();
     void saveReplacingUnreadable(const QStringList &keys);
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);
     void explainFailure(const DatabaseError &error);
     void resolveConflicts();
+    QVector<SettingChange> changes() const;
+    void showHistory();
+    void importSettings();
     void stay();
     bool mayClose();
 
@@ -81,5 +90,6 @@ private:
     QLabel *m_notice;
     ChangeBar *m_bar;
     QHash<int, PageArea *> m_areas; ///< by group
+    QString m_reason;               ///< of the save under way, for the history
     bool m_isLeaving = false;       ///< closes once everything is saved
 };

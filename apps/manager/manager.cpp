@@ -1,6 +1,7 @@
 #include "manager.h"
 
 #include "commandline.h"
+#include "draftkeeper.h"
 #include "exitstatus.h"
 #include "mainwindow.h"
 #include "pagepictures.h"
@@ -8,7 +9,10 @@
 #include "selftest.h"
 #include "sessionwait.h"
 
+#include <host/settingsdraft.h>
+
 #include <QApplication>
+#include <QTimer>
 
 namespace {
 
@@ -84,6 +88,12 @@ int Manager::showWindow()
 {
     m_database.watch();
     MainWindow window(m_database, m_session, &m_translations);
+    SettingsDraft draft(m_location);
+    DraftKeeper keeper(draft, m_session, window);
     window.show();
-    return QApplication::exec();
+    // Once the window can be seen, and the box lies over it.
+    QTimer::singleShot(0, &keeper, &DraftKeeper::offer);
+    const int status = QApplication::exec();
+    keeper.drop();
+    return status;
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "importdialog.h"
+
+#include <host/settingchange.h>
+
 #include <QObject>
 
 #include <optional>
@@ -8,7 +12,7 @@ class DatabaseLocation;
 class QWidget;
 class SettingsSession;
 
-/// Writes what is stored into files that a person chooses, and tells what became of it.
+/// Writes what is stored into files that a person chooses, and reads such files, with all that is to be asked and told.
 class SettingsFiles : public QObject
 {
     Q_OBJECT
@@ -21,10 +25,16 @@ public:
     void exportSettings();
     /// All settings in words, to be printed.
     void writeReport();
+    /// What is chosen from a file to be edited here; empty if nothing is.
+    QVector<SettingChange> chooseImported();
+    /// How a file differs from what is stored.
+    void compare();
 
 private:
+    QVector<SettingChange> showDifference(ImportDialog::Purpose purpose, const QString &title);
     QString askWhereTo(const QString &title, const QString &filter, const QString &suffix);
     void tell(const QString &path, const std::optional<QString> &problem);
+    void complain(const QString &title, const QString &problem);
 
     const SettingsSession &m_session;
     QString m_database; ///< its name for a person to read

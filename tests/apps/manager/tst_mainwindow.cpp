@@ -1,7 +1,10 @@
 #include "mainwindow.h"
 
+#include "changetree.h"
+#include "historydialog.h"
 #include "host/editors.h"
 #include "host/testdatabase.h"
+#include "importdialog.h"
 #include "messages.h"
 #include "modalanswer.h"
 #include "pagelist.h"
@@ -83,6 +86,13 @@ public:
             QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
     }
 
+    /// Saves, and agrees to what the review shows.
+    void clickSave() const
+    {
+        const ModalAnswer review("Сохранить");
+        QTest::mouseClick(save(), Qt::LeftButton);
+    }
+
     /// Opens a menu of the bar with the mouse, goes on with the keys, and ends with the entry that the last text names,
     /// all without mnemonics.
     void choose(const QStringList &path) const
@@ -135,7 +145,7 @@ private:
     }
 };
 
-/// Types a name into the file dialog that opens next, and waits for the box behind it.
+/// Types a name into the file dialog that opens next, and closes the box behind it if there is one.
 class FileAnswer
 {
 public:
@@ -209,6 +219,12 @@ private Q_SLOTS:
     void settingsAreExported();
     void aReportIsWritten();
     void theProgramTellsItsVersion();
+    void aSaveIsReviewed();
+    void theReasonIsRemembered();
+    void aFileIsImported();
+    void anUnreadableFileIsRefused();
+    void theHistoryRestores();
+    void leavingNamesTheChanges();
 
 private:
     QTemporaryDir m_config;
@@ -296,7 +312,7 @@ void TestMainWindow::savingWritesAndCalmsDown()
     const TestDatabase database;
     const Window window(database);
     window.typeHost("saved");
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QVERIFY(!window.save()->isEnabled());
     QCOMPARE(window.changeText(), QString("Сохранение…"));
     QTRY_COMPARE(window.changeText(), QString("Несохранённых изменений нет"));
@@ -317,6 +333,7 @@ void TestMainWindow::ctrlSSaves()
     const Window window(database);
     QApplication::setActiveWindow(window.window.get());
     window.typeHost("saved by keys");
+    const ModalAnswer review("Сохранить");
     QTest::keyClick(window.window->windowHandle(), Qt::Key_S, Qt::ControlModifier);
     QTRY_VERIFY(!window.window->isWindowModified());
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved by keys"));
@@ -414,7 +431,7 @@ void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
     QVERIFY(window.session.hasChanges());
 
     // A later save is no wish to leave.
-    const ModalAnswer mine(QStringList{"Все мои", "Записать выбранное"});
+    const ModalAnswer mine(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.session.hasChanges());
     QCoreApplication::processEvents();
@@ -426,7 +443,7 @@ void TestMainWindow::closingDuringASaveWaitsForIt()
     const TestDatabase database;
     const Window window(database);
     window.typeHost("saved");
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QVERIFY(!window.window->close());
     QTRY_VERIFY(!window.window->isVisible());
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
@@ -439,7 +456,7 @@ void TestMainWindow::theWindowLivesWhileItSaves()
     window.typeHost("saved");
     SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(other.execute("BEGIN IMMEDIATE"));
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QTRY_COMPARE(window.changeText(), QString("База данных занята другой программой. Ожидание…"));
     editors::retype(window.input<QSpinBox>(MOBILE_PORT), "90");
     QCOMPARE(window.input<QSpinBox>(MOBILE_PORT)->value(), 90);
@@ -456,7 +473,7 @@ void TestMainWindow::aSaveCanBeCancelled()
     window.typeHost("mine");
     SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(other.execute("BEGIN IMMEDIATE"));
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QTRY_VERIFY(window.changeText().contains("занята"));
     QTest::mouseClick(window.window->findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
     QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
@@ -499,7 +516,7 @@ void TestMainWindow::aConflictCanBeOverwritten()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Все мои", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
     QVERIFY(answer.wasGiven());
@@ -513,7 +530,7 @@ void TestMainWindow::aConflictCanBeLeft()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer("Вернуться");
+    const ModalAnswer answer(QStringList{"Сохранить", "Вернуться"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
@@ -529,7 +546,7 @@ void TestMainWindow::theirsCanBeTaken()
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Все из базы", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Все из базы", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.window->isWindowModified());
     QVERIFY(answer.wasGiven());
@@ -560,7 +577,7 @@ void TestMainWindow::unreadableJsonAsks()
     const Window window(database);
     window.go(DBGroups::Employees);
     editors::click(window.input<QCheckBox>(json::DENY_EQUAL));
-    const ModalAnswer answer(button);
+    const ModalAnswer answer(QStringList{"Сохранить", button});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains("PT_PIN_STRENGTH"));
@@ -574,7 +591,7 @@ void TestMainWindow::aFailedSaveIsShown()
     const Window window(database);
     window.typeHost("canary");
     database.execute("ALTER TABLE settings RENAME TO gone");
-    const ModalAnswer answer("Закрыть");
+    const ModalAnswer answer(QStringList{"Сохранить", "Закрыть"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains(database.path()));
@@ -648,6 +665,7 @@ void TestMainWindow::theKeyboardReachesEverything()
                                    window.changedFilter(),
                                    window.list()};
     QCOMPARE(visited, order);
+    const ModalAnswer review("Сохранить");
     QTest::keyClick(window.save(), Qt::Key_Space);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("x"));
 }
@@ -726,6 +744,7 @@ void TestMainWindow::theMenuFindsSavesAndQuits()
     window.choose({"Правка", "Найти…"});
     QTRY_VERIFY(window.searchLine()->hasFocus());
     window.typeHost("saved");
+    const ModalAnswer review("Сохранить");
     window.choose({"Файл", "Сохранить"});
     QTRY_VERIFY(!window.window->isWindowModified());
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
@@ -808,6 +827,112 @@ void TestMainWindow::theProgramTellsItsVersion()
     window.choose({"Справка", "О программе"});
     QVERIFY(answer.wasGiven());
     QVERIFY2(answer.text().contains("Версия 1.2.3"), qPrintable(answer.text()));
+}
+
+void TestMainWindow::aSaveIsReviewed()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    const ModalAnswer answer("Вернуться");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QVERIFY2(answer.text().contains("Изменений: 1"), qPrintable(answer.text()));
+    QVERIFY(window.save()->isEnabled());
+    QVERIFY(!window.session.isSaving());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::theReasonIsRemembered()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.typeHost("mine");
+    QTimer::singleShot(0, [] {
+        auto *dialog = QApplication::activeModalWidget();
+        QTest::keyClicks(dialog->findChild<QLineEdit *>(), "moved");
+        QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_VERIFY(!window.window->isWindowModified());
+    QString reason;
+    window.database.history(MOBILE_HOST, [&](const DatabaseResult<QVector<HistoryRecord>> &read) {
+        reason = read.value.isEmpty() ? QString() : read.value.last().reason;
+    });
+    QTRY_COMPARE(reason, QString("moved"));
+}
+
+void TestMainWindow::aFileIsImported()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("in.json");
+    const auto wanted = SettingsDocument::of({{MOBILE_HOST, "imported"}}, SettingsDocument::Secrets::LeaveOut);
+    QVERIFY(!wanted.write(path));
+
+    const FileAnswer answer(path);
+    QTimer accept;
+    connect(&accept, &QTimer::timeout, [] {
+        if (auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget()))
+            QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    accept.start(1);
+    window.choose({"Файл", "Импорт…"});
+    QCOMPARE(window.session.changedAddresses(), QVector<SettingAddress>{{MOBILE_HOST}});
+    QCOMPARE(window.session.shownText({MOBILE_HOST}), QString("imported"));
+    QCOMPARE(window.list()->chosen(), DBGroups::Database);
+    QVERIFY(window.isMarked(DBGroups::Connection));
+}
+
+void TestMainWindow::anUnreadableFileIsRefused()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("in.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no JSON");
+    file.close();
+    const FileAnswer answer(file.fileName());
+    window.choose({"Файл", "Сравнить с файлом…"});
+    QVERIFY(!answer.said().isEmpty());
+    QVERIFY(!window.session.hasChanges());
+}
+
+void TestMainWindow::theHistoryRestores()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    window.clickSave();
+    QTRY_VERIFY(!window.window->isWindowModified());
+    window.go(DBGroups::Users);
+
+    QTimer restore;
+    connect(&restore, &QTimer::timeout, [&] {
+        auto *dialog = qobject_cast<HistoryDialog *>(QApplication::activeModalWidget());
+        auto *tree = dialog ? dialog->findChild<ChangeTree *>() : nullptr;
+        if (!tree || tree->settings().isEmpty())
+            return;
+        Q_EMIT dialog->restoreRequested({MOBILE_HOST}, "mobile.installation.example");
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    restore.start(1);
+    window.choose({"Правка", "История изменений…"});
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+    QVERIFY(window.isMarked(DBGroups::Connection));
+}
+
+void TestMainWindow::leavingNamesTheChanges()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    const ModalAnswer answer("Вернуться");
+    QVERIFY(!window.window->close());
+    QVERIFY2(answer.text().contains("Хост: «mobile.installation.example» → «mine»"), qPrintable(answer.text()));
 }
 
 QTEST_MAIN(TestMainWindow)

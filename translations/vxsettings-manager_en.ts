@@ -398,7 +398,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;О программе</source>
-        <translation>&amp;About</translation>
+        <translation>A&amp;bout</translation>
     </message>
     <message>
         <source>&amp;Сохранить</source>
@@ -414,7 +414,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Экспорт…</source>
-        <translation>&amp;Export…</translation>
+        <translation>E&amp;xport…</translation>
     </message>
     <message>
         <source>&amp;Отчёт в PDF…</source>
@@ -426,11 +426,11 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Найти…	Ctrl+F</source>
-        <translation>&amp;Find…	Ctrl+F</translation>
+        <translation>Fi&amp;nd…	Ctrl+F</translation>
     </message>
     <message>
         <source>&amp;История изменений…</source>
-        <translation>&amp;History…</translation>
+        <translation>Histor&amp;y…</translation>
     </message>
     <message>
         <source>&amp;Язык</source>
@@ -442,7 +442,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Светлое</source>
-        <translation>&amp;Light</translation>
+        <translation>Li&amp;ght</translation>
     </message>
     <message>
         <source>&amp;Тёмное</source>
@@ -450,7 +450,7 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Как в системе</source>
-        <translation>&amp;Same as the system</translation>
+        <translation>Sa&amp;me as the system</translation>
     </message>
 </context>
 <context>
@@ -660,11 +660,11 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
     <message>
         <source>&amp;Восстановить</source>
-        <translation>&amp;Restore</translation>
+        <translation>R&amp;estore</translation>
     </message>
     <message>
         <source>&amp;Удалить черновик</source>
-        <translation>&amp;Delete the draft</translation>
+        <translation>De&amp;lete the draft</translation>
     </message>
     <message>
         <source>%1: %2 → %3</source>

@@ -10,9 +10,10 @@
 namespace {
 
 constexpr QSize pictureSize(24, 24);
-constexpr int rowHeight = 34;
-constexpr int headingHeight = 26;
-constexpr int margin = 6; // around the rows
+constexpr int rowHeight = 32;
+constexpr int headingHeight = 24;
+constexpr int margin = 6;              // around the rows
+constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
 
 struct Section
@@ -79,7 +80,7 @@ PageList::PageList(QWidget *parent)
             addPage(group);
     }
     retranslate();
-    paintIcons();
+    paint();
     choose(sections().first().pages.first());
     connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem *item) {
         if (item)
@@ -172,7 +173,7 @@ void PageList::changeEvent(QEvent *event)
 {
     QListWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        paintIcons();
+        paint();
     if (event->type() == QEvent::LanguageChange)
         retranslate();
 }
@@ -199,10 +200,15 @@ void PageList::retranslate()
     updateGeometry();
 }
 
-void PageList::paintIcons()
+void PageList::paint()
 {
+    // That of what is disabled, as headings are, is too pale to be read.
+    QColor headingColor = palette().color(QPalette::Text);
+    headingColor.setAlphaF(headingStrength);
     for (int row = 0; row < count(); ++row) {
         if (isPage(item(row)))
             item(row)->setIcon(icon(groupOf(item(row)), palette()));
+        else
+            item(row)->setForeground(headingColor);
     }
 }

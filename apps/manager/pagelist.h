@@ -40,7 +40,7 @@ private:
     void addPage(DBGroups group);
     void describe(QListWidgetItem *item) const;
     void retranslate();
-    void paintIcons();
+    void paint();
 
     QMap<DBGroups, int> m_hits;
     QSet<int> m_changed; ///< groups

@@ -635,6 +635,7 @@ void TestMainWindow::nothingIsCutOff()
     QVERIFY(bar->geometry().bottom() <= window.window->height());
     QVERIFY(window.save()->width() >= window.save()->sizeHint().width());
     QVERIFY(window.list()->sizeHintForColumn(0) <= window.list()->viewport()->width());
+    QVERIFY(!window.list()->verticalScrollBar()->isVisible());
 }
 
 void TestMainWindow::theKeyboardReachesEverything()

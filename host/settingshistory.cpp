@@ -13,7 +13,7 @@ const QString selectText = QStringLiteral("SELECT value, 1 AS source FROM settin
                                           "UNION ALL "
                                           "SELECT new_value, 2 FROM history WHERE key = ? AND revision = ? "
                                           "UNION ALL "
-                                          "SELECT old_value, 3 FROM history WHERE key = ? AND revision = ? "
+                                          "SELECT old_value, 3 FROM history WHERE key = ? AND revision - 1 = ? "
                                           "ORDER BY source LIMIT 1");
 } // namespace
 
@@ -33,7 +33,7 @@ std::optional<QVector<HistoryRecord>> SettingsHistory::recordsOfSave(const QStri
 
 std::optional<QString> SettingsHistory::textAt(const QString &key, qint64 revision)
 {
-    auto rows = m_connection.select(selectText, {key, revision, key, revision, key, revision + 1});
+    auto rows = m_connection.select(selectText, {key, revision, key, revision, key, revision});
     const QString text = rows && rows->next() ? rows->value(0).toString() : QString();
     if (!m_connection.isComplete(rows))
         return {};

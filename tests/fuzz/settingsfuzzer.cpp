@@ -119,26 +119,34 @@ void checkMembers(const QString &text)
     require(parsed(members->text()) == parsed(text), "members are read as others read them");
 }
 
-/// The page that shows the text, and the same with another value in one of its members.
+/// What the page of a setting shows where nothing is stored.
+JsonSetting::Texts pageTexts(const SettingAddress &address)
+{
+    const auto page = JsonMembers::fromText(StoredText(address.key, {}, objects()).shownInstead());
+    JsonSetting::Texts texts;
+    for (const QString &name : page->names())
+        texts.insert(name, *page->scalar(name));
+    return texts;
+}
+
 void checkMerge(const SettingAddress &address, const QString &text)
 {
-    const JsonSetting::State state = JsonSetting(text).state();
-    const QString page = StoredText(address.key, {}, objects()).shownInstead();
+    const JsonSetting setting(text);
     const auto members = JsonMembers::fromText(text);
-    require((state == JsonSetting::State::Object) == (members && members->areUnique()),
+    require((setting.state() == JsonSetting::State::Object) == (members && members->areUnique()),
             "an object of unique names can be merged");
-    if (state != JsonSetting::State::Object || members->names().isEmpty())
+    if (setting.state() != JsonSetting::State::Object || members->names().isEmpty())
         return;
 
-    const auto merged = JsonMembers::fromText(JsonSetting::merged(text, page, page));
+    const JsonSetting::Texts page = pageTexts(address);
+    const auto merged = JsonMembers::fromText(setting.merged({}, page));
     require(merged && areWrittenAlike(*members, *merged), "an unedited page changes nothing");
-    const QString name = JsonMembers::fromText(page)->names().first();
-    const SettingAddress member{address.key, name};
-    const QString edited = *member.textWith(QStringLiteral("edited"), page);
-    const auto mergedEdit = JsonMembers::fromText(JsonSetting::merged(text, page, edited));
+    const QString name = page.begin().key();
+    const QString edited = setting.merged({{name, QStringLiteral("edited")}}, page);
+    const auto mergedEdit = JsonMembers::fromText(edited);
     require(mergedEdit && mergedEdit->scalar(name) == QStringLiteral("edited"), "an edit is merged");
     require(areWrittenAlike(*members, *mergedEdit, name), "an edit of one member leaves the others");
-    require(JsonSetting::merged(text, page, edited) == member.textWith(QStringLiteral("edited"), text),
+    require(edited == SettingAddress{address.key, name}.textWith(QStringLiteral("edited"), text),
             "a page and a command line store the same");
 }
 

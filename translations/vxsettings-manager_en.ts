@@ -41,6 +41,36 @@
     </message>
 </context>
 <context>
+    <name>ChangeStampWords</name>
+    <message>
+        <source>пользователь %1</source>
+        <translation>user %1</translation>
+    </message>
+    <message>
+        <source>рабочее место %1</source>
+        <translation>workstation %1</translation>
+    </message>
+    <message>
+        <source>программа %1</source>
+        <translation>program %1</translation>
+    </message>
+    <message>
+        <source>Кто изменил, не известно</source>
+        <translation>It is not known who changed it</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeTree</name>
+    <message>
+        <source>%1, другое значение</source>
+        <translation>%1, another value</translation>
+    </message>
+    <message>
+        <source>Настройки, которых нет в каталоге</source>
+        <translation>Settings that are not in the catalogue</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Показать эту справку.</source>
@@ -118,22 +148,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <translation>Save nothing and continue editing</translation>
     </message>
     <message>
-        <source>пользователь %1</source>
-        <translation>user %1</translation>
-    </message>
-    <message>
-        <source>рабочее место %1</source>
-        <translation>workstation %1</translation>
-    </message>
-    <message>
-        <source>программа %1</source>
-        <translation>program %1</translation>
-    </message>
-    <message>
-        <source>Кто изменил, не известно</source>
-        <translation>Who changed it is not known</translation>
-    </message>
-    <message>
         <source>Пока вы редактировали настройки, эти параметры изменил кто-то другой. Ничего не записано. Выберите, какое значение оставить.</source>
         <translation>While you were editing, somebody else changed these settings. Nothing has been saved. Choose which value to keep.</translation>
     </message>
@@ -160,6 +174,208 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>&amp;Записать выбранное</source>
         <translation>&amp;Save the selection</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>%1. Причина: %2</source>
+        <translation>%1. Reason: %2</translation>
+    </message>
+    <message>
+        <source>История читается…</source>
+        <translation>Reading the history…</translation>
+    </message>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>Было</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>Стало</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>История: %1</source>
+        <translation>History: %1</translation>
+    </message>
+    <message>
+        <source>История изменений</source>
+        <translation>History of changes</translation>
+    </message>
+    <message>
+        <source>Вернуть &amp;прежнее значение</source>
+        <translation>Bring the &amp;earlier value back</translation>
+    </message>
+    <message>
+        <source>Поставить в редактор значение из столбца «Было». Сохраняется оно обычным образом</source>
+        <translation>Put the value of the column “Before” into the editor. It is saved as usual</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Изменений не было</source>
+        <translation>There were no changes</translation>
+    </message>
+    <message>
+        <source>Изменений: %1</source>
+        <translation>Changes: %1</translation>
+    </message>
+    <message>
+        <source>скрыто</source>
+        <translation>hidden</translation>
+    </message>
+</context>
+<context>
+    <name>ImportDialog</name>
+    <message>
+        <source>изменятся: %1</source>
+        <translation>will change: %1</translation>
+    </message>
+    <message>
+        <source>изменится</source>
+        <translation>will change</translation>
+    </message>
+    <message>
+        <source>без изменений: %1</source>
+        <translation>unchanged: %1</translation>
+    </message>
+    <message>
+        <source>без изменений</source>
+        <translation>unchanged</translation>
+    </message>
+    <message>
+        <source>не подходят: %1</source>
+        <translation>not valid: %1</translation>
+    </message>
+    <message>
+        <source>не подходит</source>
+        <translation>not valid</translation>
+    </message>
+    <message>
+        <source>нет в каталоге: %1</source>
+        <translation>not in the catalogue: %1</translation>
+    </message>
+    <message>
+        <source>нет в каталоге, здесь не меняется</source>
+        <translation>not in the catalogue, is not changed here</translation>
+    </message>
+    <message>
+        <source>нет в файле: %1</source>
+        <translation>not in the file: %1</translation>
+    </message>
+    <message>
+        <source>нет в файле, не меняется</source>
+        <translation>not in the file, is not changed</translation>
+    </message>
+    <message>
+        <source>отличаются: %1</source>
+        <translation>different: %1</translation>
+    </message>
+    <message>
+        <source>отличается</source>
+        <translation>different</translation>
+    </message>
+    <message>
+        <source>одинаковы: %1</source>
+        <translation>equal: %1</translation>
+    </message>
+    <message>
+        <source>одинаково</source>
+        <translation>equal</translation>
+    </message>
+    <message>
+        <source>в файле недопустимое значение</source>
+        <translation>the value in the file is not valid</translation>
+    </message>
+    <message>
+        <source>нет в каталоге</source>
+        <translation>not in the catalogue</translation>
+    </message>
+    <message>
+        <source>нет в файле</source>
+        <translation>not in the file</translation>
+    </message>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>В базе данных</source>
+        <translation>In the database</translation>
+    </message>
+    <message>
+        <source>В файле</source>
+        <translation>In the file</translation>
+    </message>
+    <message>
+        <source>Сравнение</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Загрузка настроек из файла</source>
+        <translation>Import settings from a file</translation>
+    </message>
+    <message>
+        <source>Сравнение с файлом</source>
+        <translation>Compare with a file</translation>
+    </message>
+    <message>
+        <source>Отличия файла от базы данных</source>
+        <translation>Differences between the file and the database</translation>
+    </message>
+    <message>
+        <source>Файл «%1»</source>
+        <translation>File “%1”</translation>
+    </message>
+    <message>
+        <source>Искать в списке</source>
+        <translation>Search the list</translation>
+    </message>
+    <message>
+        <source>Какие настройки показывать</source>
+        <translation>Which settings to show</translation>
+    </message>
+    <message>
+        <source>все: %1</source>
+        <translation>all: %1</translation>
+    </message>
+    <message>
+        <source>О&amp;тметить все</source>
+        <translation>Check &amp;all</translation>
+    </message>
+    <message>
+        <source>&amp;Снять все</source>
+        <translation>&amp;Uncheck all</translation>
+    </message>
+    <message>
+        <source>Только среди тех, которые видны</source>
+        <translation>Only among those that are visible</translation>
+    </message>
+    <message>
+        <source>Поставить отмеченные значения в редакторы. Сохраняются они обычным образом</source>
+        <translation>Put the checked values into the editors. They are saved as usual</translation>
+    </message>
+    <message>
+        <source>Отме&amp;на</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>C&amp;lose</translation>
+    </message>
+    <message>
+        <source>Настройки — %1</source>
+        <translation>Settings — %1</translation>
+    </message>
+    <message>
+        <source>&amp;Взять отмеченные: %1</source>
+        <translation>&amp;Take the checked ones: %1</translation>
     </message>
 </context>
 <context>
@@ -220,6 +436,53 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Не удаётся записать файл «%1».</source>
         <translation>The file “%1” cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewDialog</name>
+    <message>
+        <source>Настройка</source>
+        <translation>Setting</translation>
+    </message>
+    <message>
+        <source>Сейчас</source>
+        <translation>Now</translation>
+    </message>
+    <message>
+        <source>Станет</source>
+        <translation>Afterwards</translation>
+    </message>
+    <message>
+        <source>Изменения</source>
+        <translation>Changes</translation>
+    </message>
+    <message>
+        <source>Изменения перед сохранением</source>
+        <translation>Changes before they are saved</translation>
+    </message>
+    <message>
+        <source>Необязательно. Останется в истории изменений</source>
+        <translation>Optional. It stays in the history of changes</translation>
+    </message>
+    <message>
+        <source>&amp;Причина:</source>
+        <translation>&amp;Reason:</translation>
+    </message>
+    <message>
+        <source>Причина</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>&amp;Сохранить</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Вернуться</source>
+        <translation>&amp;Go back</translation>
+    </message>
+    <message>
+        <source>Изменений: %1</source>
+        <translation>Changes: %1</translation>
     </message>
 </context>
 <context>

@@ -1,11 +1,12 @@
 #include "conflictdialog.h"
 
+#include "changestampwords.h"
+
 #include <host/settingwords.h>
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -25,19 +26,13 @@ QLabel *plainLabel(const QString &text, QWidget *parent)
     return label;
 }
 
-/// Who changed the setting, where and when, as far as that is known.
-QString words(const ChangeStamp &stamp)
+QLabel *boldLabel(const QString &text, QWidget *parent)
 {
-    QStringList parts;
-    if (!stamp.by.isEmpty())
-        parts << ConflictDialog::tr("пользователь %1").arg(stamp.by);
-    if (!stamp.workstation.isEmpty())
-        parts << ConflictDialog::tr("рабочее место %1").arg(stamp.workstation);
-    if (!stamp.program.isEmpty())
-        parts << ConflictDialog::tr("программа %1").arg(stamp.program);
-    if (stamp.at.isValid())
-        parts << QLocale().toString(stamp.at.toLocalTime(), QLocale::ShortFormat);
-    return parts.isEmpty() ? ConflictDialog::tr("Кто изменил, не известно") : parts.join(QStringLiteral(", "));
+    QLabel *label = plainLabel(text, parent);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
 }
 } // namespace
 
@@ -52,6 +47,7 @@ ConflictDialog::ConflictDialog(const QVector<SettingsSession::Conflict> &conflic
     layout->addWidget(createRows(conflicts), 1);
     layout->addWidget(createButtons());
     showWhetherDecided();
+    m_rows.first().theirs->setFocus();
     resize(initialSize);
 }
 
@@ -80,22 +76,26 @@ QWidget *ConflictDialog::createRows(const QVector<SettingsSession::Conflict> &co
 
 QWidget *ConflictDialog::createRow(const SettingsSession::Conflict &conflict)
 {
-    const auto value = [&conflict](const QString &text) {
-        return SettingWords::value(conflict.address.parameter(), text);
-    };
-    auto *box = new QGroupBox(conflict.address.caption());
+    const auto value = [&conflict](const QString &text) { return SettingWords::value(conflict.address, text); };
+    // A title of the box would not wrap.
+    auto *box = new QGroupBox;
+    box->setAccessibleName(conflict.address.caption());
     new QVBoxLayout(box);
+    box->layout()->addWidget(boldLabel(conflict.address.caption(), box));
     box->layout()->addWidget(plainLabel(tr("Было: %1").arg(value(conflict.base)), box));
-    const Row row{createChoice(tr("Взять из базы данных"), value(conflict.theirs), words(conflict.stamp), box),
-                  createChoice(tr("Записать моё"), value(conflict.mine), {}, box)};
+    const Row row{
+        createChoice(tr("Взять из базы данных"), value(conflict.theirs), ChangeStampWords::of(conflict.stamp), box),
+        createChoice(tr("Записать моё"), value(conflict.mine), {}, box)};
     m_rows.append(row);
     return box;
 }
 
 QRadioButton *ConflictDialog::createChoice(const QString &label, const QString &value, const QString &explanation,
-                                           QWidget *parent)
+                                           QGroupBox *parent)
 {
     auto *choice = new QRadioButton(label, parent);
+    // Of many alike it must say which parameter it is about.
+    choice->setAccessibleName(QStringLiteral("%1: %2").arg(parent->accessibleName(), label));
     choice->setAccessibleDescription(value + QLatin1Char(' ') + explanation);
     connect(choice, &QRadioButton::toggled, this, &ConflictDialog::showWhetherDecided);
 
@@ -120,10 +120,8 @@ QWidget *ConflictDialog::createButtons()
     addAll(tr("Все из &базы"), Choice::Theirs);
     addAll(tr("Все &мои"), Choice::Mine);
     m_accept = buttons->addButton(tr("&Записать выбранное"), QDialogButtonBox::AcceptRole);
-    QPushButton *stay = buttons->addButton(tr("&Вернуться"), QDialogButtonBox::RejectRole);
-    stay->setToolTip(tr("Ничего не записывать и продолжить"));
-    stay->setDefault(true);
-    stay->setFocus();
+    m_stay = buttons->addButton(tr("&Вернуться"), QDialogButtonBox::RejectRole);
+    m_stay->setToolTip(tr("Ничего не записывать и продолжить"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     return buttons;
@@ -140,4 +138,5 @@ void ConflictDialog::showWhetherDecided()
     const bool isDecided = std::all_of(m_rows.begin(), m_rows.end(),
                                        [](const Row &row) { return row.theirs->isChecked() || row.mine->isChecked(); });
     m_accept->setEnabled(isDecided);
+    (isDecided ? m_accept : m_stay)->setDefault(true);
 }

@@ -4,13 +4,13 @@
 
 #include <QDialog>
 
-class QLabel;
+class QGroupBox;
 class QPushButton;
 class QRadioButton;
 
 /// Shows what others have stored beside what was to be saved, and asks of each parameter which of the two is to stay.
 ///
-/// Accepted only once everything is decided; nothing is decided beforehand.
+/// Accepted only once everything is decided, and Enter goes back until then; nothing is decided beforehand.
 class ConflictDialog : public QDialog
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ class ConflictDialog : public QDialog
 public:
     enum class Choice { Theirs, Mine };
 
+    /// @p conflicts: at least one.
     explicit ConflictDialog(const QVector<SettingsSession::Conflict> &conflicts, QWidget *parent = nullptr);
 
     /// Of an accepted dialog, one for each conflict.
@@ -33,11 +34,13 @@ private:
 
     QWidget *createRows(const QVector<SettingsSession::Conflict> &conflicts);
     QWidget *createRow(const SettingsSession::Conflict &conflict);
-    QRadioButton *createChoice(const QString &label, const QString &value, const QString &explanation, QWidget *parent);
+    QRadioButton *createChoice(const QString &label, const QString &value, const QString &explanation,
+                               QGroupBox *parent);
     QWidget *createButtons();
     void chooseAll(Choice choice);
     void showWhetherDecided();
 
     QVector<Row> m_rows;
     QPushButton *m_accept = nullptr;
+    QPushButton *m_stay = nullptr;
 };

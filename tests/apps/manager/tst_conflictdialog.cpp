@@ -1,5 +1,6 @@
 #include "conflictdialog.h"
 
+#include "dialoginspection.h"
 #include "messages.h"
 #include "modalanswer.h"
 
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void theAnswersOfTheButtons_data();
     void theAnswersOfTheButtons();
     void everythingMustBeDecided();
+    void theKeyboardDecides();
+    void everybodyCanUseIt();
 };
 
 namespace {
@@ -54,16 +57,16 @@ void TestConflictDialog::allValuesAreShown()
     dialog.exec();
     QVERIFY(answer.wasGiven());
     const QString text = answer.text().simplified();
-    const QString who = " пользователь petrova, рабочее место reception-2, программа vxsettingsctl, 17.05.2024 12:30 ";
+    const QString who = " 17.05.2024 12:30, пользователь petrova, рабочее место reception-2, программа vxsettingsctl ";
     for (const QString &part :
          {"Было: «base» «<b>theirs</b>»" + who + "«mine & more»", "Было: Десятичный Шестнадцатеричный" + who,
-          "Было: «8» «6»" + who + "«7»", "Было: скрыто скрыто" + who + "скрыто"})
+          "Было: 8 6" + who + "7", "Было: скрыто скрыто" + who + "скрыто"})
         QVERIFY2(text.contains(part), qPrintable(text));
     QVERIFY(!text.contains("canary"));
 
     QStringList captions;
     for (const QGroupBox *box : dialog.findChildren<QGroupBox *>())
-        captions << box->title();
+        captions << box->accessibleName();
     QCOMPARE(captions, (QStringList{"Хост", "Формат отображения номеров карт", "Сложность пин-кода: Максимальная длина",
                                     "Пароль по умолчанию"}));
 }
@@ -80,12 +83,16 @@ void TestConflictDialog::theAnswersOfTheButtons_data()
     QTest::addColumn<QStringList>("buttons");
     QTest::addColumn<int>("answer");
     QTest::addColumn<Choices>("choices");
+    QTest::addColumn<QString>("defaultButton"); // when the last one is clicked
     const Choices theirs(conflicts.count(), Choice::Theirs);
     const Choices mine(conflicts.count(), Choice::Mine);
-    QTest::newRow("mine") << QStringList{"Все мои", "Записать выбранное"} << int(QDialog::Accepted) << mine;
-    QTest::newRow("theirs") << QStringList{"Все из базы", "Записать выбранное"} << int(QDialog::Accepted) << theirs;
-    QTest::newRow("stay") << QStringList{"Все мои", "Вернуться"} << int(QDialog::Rejected) << mine;
-    QTest::newRow("escape") << QStringList{QString()} << int(QDialog::Rejected) << theirs;
+    QTest::newRow("mine") << QStringList{"Все мои", "Записать выбранное"} << int(QDialog::Accepted) << mine
+                          << "Записать выбранное";
+    QTest::newRow("theirs") << QStringList{"Все из базы", "Записать выбранное"} << int(QDialog::Accepted) << theirs
+                            << "Записать выбранное";
+    QTest::newRow("stay") << QStringList{"Все мои", "Вернуться"} << int(QDialog::Rejected) << mine
+                          << "Записать выбранное";
+    QTest::newRow("escape") << QStringList{QString()} << int(QDialog::Rejected) << theirs << "Вернуться";
 }
 
 void TestConflictDialog::theAnswersOfTheButtons()
@@ -96,7 +103,7 @@ void TestConflictDialog::theAnswersOfTheButtons()
     QTEST(dialog.exec(), "answer");
     QVERIFY(given.wasGiven());
     QTEST(dialog.choices(), "choices");
-    QCOMPARE(given.defaultButton(), QString("Вернуться"));
+    QTEST(given.defaultButton(), "defaultButton");
 }
 
 void TestConflictDialog::everythingMustBeDecided()
@@ -117,6 +124,38 @@ void TestConflictDialog::everythingMustBeDecided()
     }
     QVERIFY((*accept)->isEnabled());
     QCOMPARE(dialog.choices(), (Choices{Choice::Theirs, Choice::Mine, Choice::Mine, Choice::Theirs}));
+}
+
+void TestConflictDialog::theKeyboardDecides()
+{
+    ConflictDialog dialog({conflicts[0], conflicts[1]});
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QCOMPARE(dialog.focusWidget()->accessibleName(), QString("Хост: Взять из базы данных"));
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+    QCOMPARE(dialog.focusWidget()->accessibleName(), QString("Хост: Записать моё"));
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    QCOMPARE(dialog.focusWidget()->accessibleName(), QString("Формат отображения номеров карт: Взять из базы данных"));
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(dialog.choices(), (Choices{Choice::Mine, Choice::Theirs}));
+}
+
+void TestConflictDialog::everybodyCanUseIt()
+{
+    const QVector<SettingsSession::Conflict> many(60, conflicts[1]);
+    {
+        ConflictDialog dialog(many);
+        QCOMPARE(dialoginspection::inaccessibleWidgets(dialog), QStringList());
+        QCOMPARE(dialoginspection::clashingMnemonics(dialog), QStringList());
+    }
+    const DoublingTranslator doubled;
+    const ConflictDialog dialog(many);
+    QVERIFY2(dialoginspection::fitsSmallestWindow(dialog),
+             qPrintable(QString::number(dialog.minimumSizeHint().width())));
 }
 
 QTEST_MAIN(TestConflictDialog)

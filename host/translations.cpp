@@ -1,8 +1,9 @@
 #include "translations.h"
 
+#include <qtcompat.h>
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
 #include <QTranslator>
@@ -86,7 +87,7 @@ bool Translations::setLanguage(const QString &language)
     m_language = language;
     m_translators.clear();
     // What is installed last is asked first.
-    install(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    install(QStringLiteral("qtbase"), qtcompat::translationsFolder());
     for (const QString &catalogue : {QStringLiteral("vantorix"), QStringLiteral("vxsettings"), m_program})
         install(catalogue, folder());
     return true;

@@ -86,6 +86,8 @@ bool Translations::setLanguage(const QString &language)
 
     m_language = language;
     m_translators.clear();
+    // Dates are written in the language of the words around them.
+    QLocale::setDefault(QLocale(language));
     // What is installed last is asked first.
     install(QStringLiteral("qtbase"), qtcompat::translationsFolder());
     for (const QString &catalogue : {QStringLiteral("vantorix"), QStringLiteral("vxsettings"), m_program})

@@ -199,7 +199,7 @@ std::optional<DatabaseError> tableProblem(SqlConnection &connection, int version
 /// Whether the file is whole.
 std::optional<DatabaseError> fileProblem(SqlConnection &connection)
 {
-    const QVariant health = connection.selectOne(QStringLiteral("PRAGMA quick_check(1)"));
+    const QVariant health = connection.selectOne(QStringLiteral("PRAGMA integrity_check(1)"));
     if (!health.isValid())
         return connection.error();
     if (health.toString() != QLatin1String("ok"))

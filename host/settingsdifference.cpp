@@ -42,8 +42,10 @@ SettingsDifference::Row SettingsDifference::row(const QString &key, const QStrin
     if (DBSettingsHelper::paramType(key) == DBSettingsType::Readonly)
         return {key, State::Invalid, tr("Настройка доступна только для чтения.")};
     for (const SettingFinding &finding : StoredText(key, wanted, objects).findings()) {
+        // A backup may come back before the objects to which it refers.
+        const State state = finding.problem == SettingProblem::Kind::ObjectGone ? State::Changed : State::Invalid;
         if (!SettingProblem::isNotice(finding.problem))
-            return {key, State::Invalid, QStringLiteral("%1: %2").arg(finding.address.caption(), finding.words)};
+            return {key, state, QStringLiteral("%1: %2").arg(finding.address.caption(), finding.words)};
     }
     return {key, State::Changed, {}};
 }

@@ -27,7 +27,9 @@ public:
     {
         QString key;
         State state;
-        QString error; ///< what is wrong and what would be right; null unless the state is Invalid
+        /// What is wrong and what would be right; null unless the state is Invalid, or Changed to an object that is
+        /// not there.
+        QString error;
     };
 
     /// A row for each key, in alphabetical order. @p wanted: what the document says, as it would be stored: a caption

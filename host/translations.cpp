@@ -1,8 +1,9 @@
 #include "translations.h"
 
+#include <qtcompat.h>
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
 #include <QTranslator>
@@ -86,8 +87,10 @@ bool Translations::setLanguage(const QString &language)
 
     m_language = language;
     m_translators.clear();
+    // Dates are written in the language of the words around them.
+    QLocale::setDefault(QLocale(language));
     // What is installed last is asked first.
-    install(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    install(QStringLiteral("qtbase"), qtcompat::translationsFolder());
     for (const QString &catalogue : {QStringLiteral("vantorix"), QStringLiteral("vxsettings"), m_program})
         install(catalogue, folder());
     return true;

@@ -29,16 +29,22 @@ Report ImportCommand::run(Session &session)
     using State = SettingsDifference::State;
     SettingChanges changes(session);
     QStringList unknownKeys;
+    QStringList notices;
     for (const auto &row : SettingsDifference::rows(wanted, session.settings(), session.objects())) {
         if (row.state == State::Changed || row.state == State::Unknown)
             changes.put(row.key, wanted[row.key]);
         if (row.state == State::Unknown)
             unknownKeys.append(row.key);
+        const QString error = QStringLiteral("%1: %2").arg(TextTable::visible(row.key), row.error);
         if (row.state == State::Invalid)
-            changes.refuse(QStringLiteral("%1: %2").arg(TextTable::visible(row.key), row.error));
+            changes.refuse(error);
+        else if (!row.error.isNull())
+            notices.append(error);
     }
+    if (!unknownKeys.isEmpty())
+        notices.append(unknownKeysNotice(unknownKeys));
     Report report = changes.apply();
-    if (report.status == ExitDone && !unknownKeys.isEmpty())
-        report.message = QStringList{unknownKeysNotice(unknownKeys), report.message}.join(QLatin1Char('\n')).trimmed();
+    if (report.status == ExitDone)
+        report.message = (notices + QStringList{report.message}).join(QLatin1Char('\n')).trimmed();
     return report;
 }

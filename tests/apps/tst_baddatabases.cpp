@@ -209,8 +209,8 @@ void TestBadDatabases::cutOff()
         }
         ++refused;
     }
-    qInfo("%d pages, cut off at %d sizes: every time refused in words and left as it was", m_good.size() / pageSize,
-          refused);
+    qInfo("%d pages, cut off at %d sizes: every time refused in words and left as it was",
+          int(m_good.size()) / pageSize, refused);
 }
 
 void TestBadDatabases::flippedBytes()

@@ -307,8 +307,8 @@ void TestDiskFaults::whatWasToldOfASaveIsTrue()
     }
     qInfo("seed %u: %d of %d calls tried, %d programs hurt; of their saves %d were told to be stored, %d failed, %d "
           "unknown, %d were not told",
-          seed, calls.count(), all.count(), hurt, sum.saved.count(), sum.failed.count(), sum.unknown.count(),
-          sum.open.count());
+          seed, int(calls.count()), int(all.count()), hurt, int(sum.saved.count()), int(sum.failed.count()),
+          int(sum.unknown.count()), int(sum.open.count()));
     QVERIFY(hurt > 0);
     QVERIFY(sum.saved.count() > 0);
 }

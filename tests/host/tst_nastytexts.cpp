@@ -264,7 +264,7 @@ void TestNastyTexts::nothingIsWrittenWithoutAnEdit()
         QCOMPARE(database.files(), QStringList{"installation.db"});
     }
     qInfo("seed %u: %d texts for %d parameters, %d pages opened, nothing written", seed,
-          repetitions * nastytexts::count, addresses(kind).size(), pages);
+          repetitions * nastytexts::count, int(addresses(kind).size()), pages);
 }
 
 QTEST_MAIN(TestNastyTexts)

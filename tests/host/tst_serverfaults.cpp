@@ -328,7 +328,7 @@ void TestServerFaults::whatWasToldOfASaveIsTrue()
     const QSet<QString> stored = storedReasons(*server);
     qInfo("seed %u: %d faults, %d losses noticed; %d saves stored, %d failed (%d conflicts); outcomes found out: %d "
           "stored, %d not; event loop blocked for at most %d ms (%d with what others took of the processor)",
-          seed, times, connection.losses(), saver.saved.count(), saver.failed.count(), saver.conflicts,
+          seed, times, connection.losses(), int(saver.saved.count()), int(saver.failed.count()), saver.conflicts,
           saver.resolvedAsSaved, saver.resolvedAsFailed, blocked, watch.longestWithOthers());
     QVERIFY2(saver.unknown.isEmpty(), "not found out: " + words(saver.unknown));
     QVERIFY2((saver.saved - stored).isEmpty(), "told to be saved, but lost: " + words(saver.saved - stored));

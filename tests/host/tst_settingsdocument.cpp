@@ -88,7 +88,7 @@ void TestSettingsDocument::theSameBytesAgain_data()
     for (int i = 0; i < 300; ++i) {
         QString text;
         for (int length = random.bounded(40); length > 0; --length) {
-            uint character = random.bounded(random.bounded(2) ? 0x110000 : 0x180);
+            char32_t character = random.bounded(random.bounded(2) ? 0x110000 : 0x180);
             if (QChar::isSurrogate(character))
                 character = '\n';
             text += QString::fromUcs4(&character, 1);

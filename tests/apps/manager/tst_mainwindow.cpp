@@ -916,7 +916,12 @@ void TestMainWindow::theHistoryRestores()
         auto *tree = dialog ? dialog->findChild<ChangeTree *>() : nullptr;
         if (!tree || tree->settings().isEmpty())
             return;
-        Q_EMIT dialog->restoreRequested({MOBILE_HOST}, "mobile.installation.example");
+        restore.stop();
+        tree->setCurrentItem(tree->settings().first());
+        for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
+            if (button->text() == "Вернуть &прежнее значение")
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     restore.start(1);

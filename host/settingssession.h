@@ -73,6 +73,8 @@ public:
     bool isOpen(DBGroups group) const;
     /// Null unless the parameter's page is open.
     DBParamWidget *editor(const SettingAddress &address) const;
+    /// Shows the open pages in the language that is installed now. Edits stay.
+    void retranslate();
     /// What would be saved for what the editor shows now; null unless the parameter's page is open.
     QString shownText(const SettingAddress &address) const;
 

@@ -54,7 +54,8 @@ QStringList Translations::languages()
 
 QString Translations::name(const QString &language)
 {
-    const QLocale locale(language);
+    // The language of no country, or English would be American English.
+    const QLocale locale(QLocale(language).language(), QLocale::World);
     const QString name = locale.nativeLanguageName();
     return locale.toUpper(name.left(1)) + name.mid(1);
 }

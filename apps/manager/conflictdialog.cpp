@@ -1,11 +1,12 @@
 #include "conflictdialog.h"
 
+#include "stampwords.h"
+
 #include <host/settingwords.h>
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -23,21 +24,6 @@ QLabel *plainLabel(const QString &text, QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
-}
-
-/// Who changed the setting, where and when, as far as that is known.
-QString words(const ChangeStamp &stamp)
-{
-    QStringList parts;
-    if (!stamp.by.isEmpty())
-        parts << ConflictDialog::tr("пользователь %1").arg(stamp.by);
-    if (!stamp.workstation.isEmpty())
-        parts << ConflictDialog::tr("рабочее место %1").arg(stamp.workstation);
-    if (!stamp.program.isEmpty())
-        parts << ConflictDialog::tr("программа %1").arg(stamp.program);
-    if (stamp.at.isValid())
-        parts << QLocale().toString(stamp.at.toLocalTime(), QLocale::ShortFormat);
-    return parts.isEmpty() ? ConflictDialog::tr("Кто изменил, не известно") : parts.join(QStringLiteral(", "));
 }
 } // namespace
 
@@ -86,7 +72,7 @@ QWidget *ConflictDialog::createRow(const SettingsSession::Conflict &conflict)
     auto *box = new QGroupBox(conflict.address.caption());
     new QVBoxLayout(box);
     box->layout()->addWidget(plainLabel(tr("Было: %1").arg(value(conflict.base)), box));
-    const Row row{createChoice(tr("Взять из базы данных"), value(conflict.theirs), words(conflict.stamp), box),
+    const Row row{createChoice(tr("Взять из базы данных"), value(conflict.theirs), StampWords::words(conflict.stamp), box),
                   createChoice(tr("Записать моё"), value(conflict.mine), {}, box)};
     m_rows.append(row);
     return box;

@@ -4,6 +4,7 @@
 #include "conflictdialog.h"
 #include "pagearea.h"
 #include "pagelist.h"
+#include "parametermarks.h"
 #include "savequestions.h"
 
 #include <host/settingspages.h>
@@ -55,6 +56,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
     setCentralWidget(createCentralWidget());
     createActions();
+    new ParameterMarks(m_session, this);
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);

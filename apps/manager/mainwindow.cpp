@@ -2,6 +2,7 @@
 
 #include "changebar.h"
 #include "conflictdialog.h"
+#include "edithistory.h"
 #include "pagearea.h"
 #include "pagelist.h"
 #include "parametermarks.h"
@@ -9,6 +10,9 @@
 
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+
+#include <vxsettings/dbparamwidget.h>
+#include <vxsettings/dbsettingshelper.h>
 
 #include <QAction>
 #include <QCloseEvent>
@@ -57,6 +61,9 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     setCentralWidget(createCentralWidget());
     createActions();
     new ParameterMarks(m_session, this);
+    auto *history = new EditHistory(m_session, this);
+    addActions({history->undoAction(), history->redoAction()});
+    connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);
@@ -116,6 +123,17 @@ void MainWindow::showPage(DBGroups group)
     if (!area)
         area = createPage(group);
     m_stack->setCurrentWidget(area);
+}
+
+void MainWindow::showParameter(const SettingAddress &address)
+{
+    for (const SettingsPageName &page : settingsPages) {
+        if (DBSettingsHelper::groupParams(page.group).contains(address.key))
+            m_list->choose(page.group);
+    }
+    DBParamWidget *editor = m_session.editor(address);
+    m_areas.value(int(m_list->chosen()))->ensureWidgetVisible(editor);
+    editor->setFocus();
 }
 
 PageArea *MainWindow::createPage(DBGroups group)

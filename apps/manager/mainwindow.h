@@ -13,6 +13,7 @@ class PageList;
 class QLabel;
 class QStackedWidget;
 class SettingsSession;
+struct SettingAddress;
 
 /// The pages of an installation's settings, one at a time, and the bar that saves them.
 ///
@@ -32,6 +33,8 @@ private:
     QWidget *createCentralWidget();
     void createActions();
     void showPage(DBGroups group);
+    /// Leads to the parameter.
+    void showParameter(const SettingAddress &address);
     PageArea *createPage(DBGroups group);
     void showChanges();
 

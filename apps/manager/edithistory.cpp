@@ -72,12 +72,14 @@ bool isUndoOrRedo(const QKeyEvent &event)
 }
 } // namespace
 
-EditHistory::EditHistory(SettingsSession &session, QObject *parent)
-    : QObject(parent)
+EditHistory::EditHistory(SettingsSession &session, QWidget *window)
+    : QObject(window)
     , m_session(session)
-    , m_undo(createAction(tr("&Отменить правку"), undoKeys, &EditHistory::undo))
-    , m_redo(createAction(tr("&Повторить правку"), redoKeys, &EditHistory::redo))
+    , m_undo(createAction(undoKeys, &EditHistory::undo))
+    , m_redo(createAction(redoKeys, &EditHistory::redo))
 {
+    retranslate();
+    window->installEventFilter(this);
     connect(&m_session, &SettingsSession::pageOpened, this, &EditHistory::addPage);
     connect(&m_session, &SettingsSession::parameterEdited, this, &EditHistory::takeTyped);
     connect(&m_session, &SettingsSession::storedChanged, this, &EditHistory::followShown);
@@ -99,6 +101,8 @@ void EditHistory::redo()
 
 bool EditHistory::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == parent() && event->type() == QEvent::LanguageChange)
+        retranslate();
     if (event->type() != QEvent::ShortcutOverride || !isUndoOrRedo(*static_cast<QKeyEvent *>(event)))
         return QObject::eventFilter(watched, event);
     // Not accepted by the editor, the keys are those of the actions.
@@ -106,13 +110,19 @@ bool EditHistory::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-QAction *EditHistory::createAction(const QString &text, const QKeySequence &shortcut, void (EditHistory::*trigger)())
+QAction *EditHistory::createAction(const QKeySequence &shortcut, void (EditHistory::*trigger)())
 {
-    auto *action = new QAction(text, this);
+    auto *action = new QAction(this);
     action->setShortcut(shortcut);
     action->setEnabled(false);
     connect(action, &QAction::triggered, this, trigger);
     return action;
+}
+
+void EditHistory::retranslate()
+{
+    m_undo->setText(tr("&Отменить правку"));
+    m_redo->setText(tr("&Повторить правку"));
 }
 
 void EditHistory::addPage()

@@ -21,8 +21,8 @@ class EditHistory : public QObject
     Q_OBJECT
 
 public:
-    /// @p session, of which no page is open yet, lives longer.
-    explicit EditHistory(SettingsSession &session, QObject *parent = nullptr);
+    /// @p session, of which no page is open yet, lives longer. @p window is the parent, and shows the pages.
+    EditHistory(SettingsSession &session, QWidget *window);
     ~EditHistory() override;
 
     /// With their texts and shortcuts, which work in editors too; enabled while there is something to do.
@@ -37,7 +37,7 @@ Q_SIGNALS:
     void stepped(const SettingAddress &address);
 
 protected:
-    /// Of the input widgets, whose own undo would be another history of the same.
+    /// Of the window, and of the input widgets, whose own undo would be another history of the same.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -55,7 +55,8 @@ private:
         QString after;
     };
 
-    QAction *createAction(const QString &text, const QKeySequence &shortcut, void (EditHistory::*trigger)());
+    QAction *createAction(const QKeySequence &shortcut, void (EditHistory::*trigger)());
+    void retranslate();
     void addPage();
     void takeTyped(const SettingAddress &address);
     void takeOther();

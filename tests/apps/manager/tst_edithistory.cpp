@@ -1,5 +1,6 @@
 #include "edithistory.h"
 
+#include "doublingtranslator.h"
 #include "messages.h"
 #include "openpages.h"
 
@@ -23,7 +24,7 @@ class UndoPages : public OpenPages
 {
 public:
     UndoPages()
-        : history(session)
+        : history(session, &window)
     {
         window.addAction(history.undoAction());
         window.addAction(history.redoAction());
@@ -64,6 +65,7 @@ private Q_SLOTS:
     void anUndoAfterASaveIsAnEdit();
     void whatOthersHaveStoredIsNotUndone();
     void undoneInAConflictTheirsIsShown();
+    void theActionsFollowTheLanguage();
 };
 
 void TestEditHistory::initTestCase()
@@ -206,6 +208,15 @@ void TestEditHistory::undoneInAConflictTheirsIsShown()
     pages.undo();
     QCOMPARE(pages.shown(host), QString("theirs"));
     QVERIFY(!pages.session.hasChanges());
+}
+
+void TestEditHistory::theActionsFollowTheLanguage()
+{
+    UndoPages pages;
+    QCOMPARE(pages.history.undoAction()->text(), QString("&Отменить правку"));
+    const DoublingTranslator translator;
+    QTRY_COMPARE(pages.history.undoAction()->text(), QString("&Отменить правку &Отменить правку"));
+    QCOMPARE(pages.history.redoAction()->text(), QString("&Повторить правку &Повторить правку"));
 }
 
 QTEST_MAIN(TestEditHistory)

@@ -6,13 +6,13 @@
 #include "pagearea.h"
 #include "pagelist.h"
 #include "parametermarks.h"
+#include "parametermenu.h"
 #include "savequestions.h"
 
 #include <host/settingspages.h>
 #include <host/settingssession.h>
 
 #include <vxsettings/dbparamwidget.h>
-#include <vxsettings/dbsettingshelper.h>
 
 #include <QAction>
 #include <QCloseEvent>
@@ -61,6 +61,8 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     setCentralWidget(createCentralWidget());
     createActions();
     new ParameterMarks(m_session, this);
+    auto *menu = new ParameterMenu(m_session, m_database.location(), this);
+    connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
     auto *history = new EditHistory(m_session, this);
     addActions({history->undoAction(), history->redoAction()});
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
@@ -127,10 +129,7 @@ void MainWindow::showPage(DBGroups group)
 
 void MainWindow::showParameter(const SettingAddress &address)
 {
-    for (const SettingsPageName &page : settingsPages) {
-        if (DBSettingsHelper::groupParams(page.group).contains(address.key))
-            m_list->choose(page.group);
-    }
+    m_list->choose(SettingAddress{address.key}.group());
     DBParamWidget *editor = m_session.editor(address);
     m_areas.value(int(m_list->chosen()))->ensureWidgetVisible(editor);
     editor->setFocus();

@@ -1,5 +1,6 @@
 #include "parametermarks.h"
 
+#include "disabledhints.h"
 #include "stampwords.h"
 
 #include <host/settingproblem.h>
@@ -128,7 +129,8 @@ ParameterMarks::Remark ParameterMarks::remark(const SettingAddress &address, con
         const Mark mark = SettingProblem::isNotice(finding->problem) ? Mark::Note : Mark::Problem;
         return {mark, findingWords(*finding)};
     }
-    return {};
+    const QString hint = DisabledHints::words(m_session, address);
+    return hint.isEmpty() ? Remark() : Remark{Mark::Note, hint};
 }
 
 QString ParameterMarks::storedWords(const SettingAddress &address) const

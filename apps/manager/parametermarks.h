@@ -13,7 +13,8 @@
 #include <vector>
 
 /// Tells beside every open editor what there is to know of its parameter: that it is changed, and from what; that
-/// somebody else has changed it too; that what is stored is not what is shown; which rule it breaks.
+/// somebody else has changed it too; that what is stored is not what is shown; which rule it breaks;
+/// what switches it on.
 ///
 /// Secrets are never told.
 class ParameterMarks : public QObject

@@ -1,5 +1,6 @@
 #include "parametermarks.h"
 
+#include "doublingtranslator.h"
 #include "messages.h"
 #include "openpages.h"
 
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void anUnreadableObjectIsToldAtItsMembers();
     void aBrokenRuleStandsBesideBothWhileTyping();
     void aPageThatIsOpenedLaterIsMarked();
+    void theWordsFollowTheLanguage();
 };
 
 namespace {
@@ -207,6 +209,18 @@ void TestParameterMarks::aPageThatIsOpenedLaterIsMarked()
     pages.session.revert();
     QCOMPARE(pages.editor(host)->mark(), Mark::None);
     QCOMPARE(pages.editor({ENABLE_FACE_SCANNING})->mark(), Mark::Problem);
+}
+
+void TestParameterMarks::theWordsFollowTheLanguage()
+{
+    OpenPages pages({{MOBILE_PORT, "123456"}});
+    const ParameterMarks marks(pages.session, &pages.window);
+    pages.open(DBGroups::Connection);
+    const DBParamWidget *port = pages.editor({MOBILE_PORT});
+    const QString before = words(port);
+    const DoublingTranslator translator;
+    QTRY_VERIFY2(words(port).size() > before.size() && words(port).count("Число вне допустимых границ.") > 1,
+                 qPrintable(words(port)));
 }
 
 QTEST_MAIN(TestParameterMarks)

@@ -129,10 +129,10 @@ void EditHistory::addPage()
 {
     m_parameters.clear();
     for (const SettingAddress &address : SettingAddress::all()) {
-        const DBParamWidget *editor = m_session.editor(address);
+        DBParamWidget *editor = m_session.editor(address);
         if (!editor)
             continue;
-        m_parameters.push_back({address, m_session.shownText(address)});
+        m_parameters.push_back({address, editor, editor->value().toString()});
         editor->centralWidget()->removeEventFilter(this);
         editor->centralWidget()->installEventFilter(this);
     }
@@ -161,7 +161,8 @@ QVector<EditHistory::Change> EditHistory::followShown()
 {
     QVector<Change> changes;
     for (Parameter &parameter : m_parameters) {
-        const QString shown = m_session.shownText(parameter.address);
+        // Not by way of the session, which would look for every one of them at every key stroke.
+        const QString shown = parameter.editor ? parameter.editor->value().toString() : parameter.shown;
         if (shown == parameter.shown)
             continue;
         changes.append({parameter.address, parameter.shown, shown});

@@ -2,12 +2,13 @@
 
 #include <host/settingaddress.h>
 
-#include <QHash>
+#include <QPointer>
 #include <QUndoStack>
 #include <QVector>
 
 #include <vector>
 
+class DBParamWidget;
 class QAction;
 class SettingsSession;
 
@@ -46,6 +47,7 @@ private:
     struct Parameter
     {
         SettingAddress address;
+        QPointer<DBParamWidget> editor;
         QString shown;
     };
     struct Change

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void atFirstThereIsNothingToUndo();
     void whatIsTypedIsOneStep();
     void stepsGoAcrossParametersAndPages();
+    void theEditorsOwnUndoStaysOut();
     void theFocusEndsAStep();
     void anEditPutBackIsNoStep();
     void aNewEditEndsTheRedo();
@@ -123,6 +124,19 @@ void TestEditHistory::stepsGoAcrossParametersAndPages()
     for (int i = 0; i < 3; ++i)
         pages.redo();
     QCOMPARE(pages.session.changedAddresses().count(), 3);
+}
+
+void TestEditHistory::theEditorsOwnUndoStaysOut()
+{
+    UndoPages pages;
+    pages.type(host, "one");
+    pages.type(port, "90");
+    pages.input<QWidget>(host)->setFocus();
+    pages.undo();
+    QCOMPARE(pages.shown(host), QString("one"));
+    QCOMPARE(pages.shown(port), QString("8443"));
+    pages.redo();
+    QCOMPARE(pages.shown(port), QString("90"));
 }
 
 void TestEditHistory::theFocusEndsAStep()

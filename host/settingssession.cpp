@@ -273,6 +273,7 @@ void SettingsSession::buildPage(DBGroups group, QWidget *parent)
         Q_EMIT parameterEdited(address);
         Q_EMIT edited();
     });
+    Q_EMIT pageOpened(group);
 }
 
 // What is edited

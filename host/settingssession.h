@@ -114,6 +114,8 @@ public:
 Q_SIGNALS:
     void loaded();
     void failed(const DatabaseError &error);
+    /// The page was built; its editors can be reached.
+    void pageOpened(DBGroups group);
     /// What changes() and conflicts() say may be something else.
     void edited();
     /// A person has changed what the editor shows; nothing that is done by program says so.

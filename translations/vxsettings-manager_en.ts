@@ -177,6 +177,24 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
 </context>
 <context>
+    <name>DisabledHints</name>
+    <message>
+        <source>Недоступно. Включается параметром «%1», сейчас там: %2.</source>
+        <translation>Not available. “%1” switches it on, and is now: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>EditHistory</name>
+    <message>
+        <source>&amp;Отменить правку</source>
+        <translation>&amp;Undo edit</translation>
+    </message>
+    <message>
+        <source>&amp;Повторить правку</source>
+        <translation>&amp;Redo edit</translation>
+    </message>
+</context>
+<context>
     <name>HistoryDialog</name>
     <message>
         <source>%1. Причина: %2</source>
@@ -547,6 +565,76 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Не удаётся записать файл «%1».</source>
         <translation>The file “%1” cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterMarks</name>
+    <message>
+        <source>Изменено и здесь, и в другом месте. Там сохранено: %1 (%2).</source>
+        <translation>Changed here and elsewhere. Saved there: %1 (%2).</translation>
+    </message>
+    <message>
+        <source>Изменено. Сохранено: %1.</source>
+        <translation>Changed. Saved: %1.</translation>
+    </message>
+    <message>
+        <source>%1 Сохранено: %2.</source>
+        <translation>%1 Saved: %2.</translation>
+    </message>
+    <message>
+        <source>%1 Сохранено: %2, показано: %3.</source>
+        <translation>%1 Saved: %2, shown: %3.</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterMenu</name>
+    <message>
+        <source>Почему такое значение…</source>
+        <translation>Why this value…</translation>
+    </message>
+    <message>
+        <source>Вернуть сохранённое значение</source>
+        <translation>Revert to the saved value</translation>
+    </message>
+    <message>
+        <source>Исправить сохранённое: %1</source>
+        <translation>Repair what is saved: %1</translation>
+    </message>
+    <message>
+        <source>Перейти к параметру «%1»</source>
+        <translation>Go to “%1”</translation>
+    </message>
+    <message>
+        <source>Скопировать ключ</source>
+        <translation>Copy the key</translation>
+    </message>
+    <message>
+        <source>Скопировать команду vxsettingsctl</source>
+        <translation>Copy the vxsettingsctl command</translation>
+    </message>
+    <message>
+        <source>Ключ: %1</source>
+        <translation>Key: %1</translation>
+    </message>
+    <message>
+        <source>Сохранено: %1</source>
+        <translation>Saved: %1</translation>
+    </message>
+    <message>
+        <source>Показано: %1</source>
+        <translation>Shown: %1</translation>
+    </message>
+    <message>
+        <source>Последнее изменение: %1</source>
+        <translation>Last change: %1</translation>
+    </message>
+    <message>
+        <source>Почему такое значение</source>
+        <translation>Why this value</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
     </message>
 </context>
 <context>

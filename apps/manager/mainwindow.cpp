@@ -2,10 +2,13 @@
 
 #include "changebar.h"
 #include "conflictdialog.h"
+#include "edithistory.h"
 #include "historydialog.h"
 #include "mainmenu.h"
 #include "pagearea.h"
 #include "pagelist.h"
+#include "parametermarks.h"
+#include "parametermenu.h"
 #include "reviewdialog.h"
 #include "savequestions.h"
 #include "searchfield.h"
@@ -95,6 +98,12 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     setMenuBar(m_menu);
     connectMenu();
     retranslate();
+    new ParameterMarks(m_session, this);
+    auto *menu = new ParameterMenu(m_session, m_database.location(), this);
+    connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
+    auto *history = new EditHistory(m_session, this);
+    m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);

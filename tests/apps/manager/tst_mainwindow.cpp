@@ -189,6 +189,7 @@ private Q_SLOTS:
     void savingWritesAndCalmsDown();
     void ctrlSSaves();
     void revertBringsEverythingBack();
+    void anUndoLeadsToItsParameter();
     void aDependentFollows();
     void theLastPageAndTheSizeAreRemembered();
     void closingWithoutChangesAsksNothing();
@@ -353,6 +354,20 @@ void TestMainWindow::revertBringsEverythingBack()
     QVERIFY(!window.window->isWindowModified());
     QVERIFY(window.input<QCheckBox>(json::DENY_EQUAL)->isChecked());
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::anUndoLeadsToItsParameter()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.typeHost("edited");
+    window.go(DBGroups::Users);
+    QTest::keyClick(window.window->windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+    QCOMPARE(QApplication::focusWidget(), window.input<QWidget>(MOBILE_HOST));
+    QVERIFY(!window.window->isWindowModified());
 }
 
 void TestMainWindow::aDependentFollows()

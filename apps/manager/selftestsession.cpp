@@ -95,7 +95,7 @@ std::optional<DatabaseError> SelfTestSession::open()
 
 SaveResult SelfTestSession::save()
 {
-    const SaveResult result = SessionWait::save(m_settings);
+    SaveResult result = SessionWait::save(m_settings);
     if (result.outcome != SaveResult::Outcome::Unreadable)
         return result;
     return SessionWait::save(m_settings, SettingsSession::Unreadable::Replace);

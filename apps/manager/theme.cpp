@@ -84,7 +84,7 @@ Theme::Kind Theme::current()
 
 void Theme::apply(Kind kind)
 {
-    const QString desktopStyle = systemStyle();
+    const QString &desktopStyle = systemStyle();
     if (kind == Kind::System && currentKind == Kind::System)
         return;
     currentKind = kind;

@@ -197,7 +197,7 @@ void checkDifference(const OBJECT_PARAMETERS &wanted)
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, wanted, objects()))
         require(row.state == State::Unchanged, "nothing differs from itself", row.key);
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, sample().settings, objects()))
-        require((row.state == State::Invalid) != row.error.isEmpty(), "only what is invalid has an error", row.key);
+        require(row.state != State::Invalid || !row.error.isEmpty(), "what is invalid has an error", row.key);
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, {}, objects())) {
         const QString text = wanted.value(row.key);
         const auto judged = SettingValue::judge({row.key}, text, objects()).stored;

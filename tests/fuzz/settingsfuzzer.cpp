@@ -201,7 +201,7 @@ void checkDifference(const OBJECT_PARAMETERS &wanted)
     for (const SettingsDifference::Row &row : SettingsDifference::rows(wanted, {}, objects())) {
         const QString text = wanted.value(row.key);
         const auto judged = SettingValue::judge({row.key}, text, objects()).stored;
-        if (row.state == State::Changed)
+        if (row.state == State::Changed && row.error.isEmpty())
             require(judged.has_value(), "what a file may store a command line may store", row.key);
         if (row.state == State::Invalid)
             require(judged != text, "what a command line stores a file may store", row.key);

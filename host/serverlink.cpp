@@ -49,6 +49,8 @@ int ServerLink::execute(const QString &statement, const QVariantList &values)
 {
     std::vector<std::optional<QByteArray>> texts;
     std::vector<const char *> pointers;
+    texts.reserve(size_t(values.size()));
+    pointers.reserve(size_t(values.size()));
     for (const QVariant &value : values)
         texts.push_back(parameter(value));
     for (const auto &text : texts)

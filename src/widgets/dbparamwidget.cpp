@@ -277,6 +277,7 @@ void DBParamWidget::describeInput()
         return;
 
     setFocusProxy(input);
+    // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): nothing is visible while it is constructed
     if (canChangeLabelPosition())
         input->setAccessibleName(m_ui->leftLabel->text());
     input->setAccessibleDescription(description());

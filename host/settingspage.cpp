@@ -42,6 +42,12 @@ QWidget *SettingsPage::widget() const
     return m_tree ? m_tree->widget().get() : nullptr;
 }
 
+void SettingsPage::retranslate()
+{
+    if (widget())
+        tree()->retranslate();
+}
+
 QVector<SettingAddress> SettingsPage::addresses() const
 {
     QVector<SettingAddress> addresses;

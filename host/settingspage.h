@@ -33,6 +33,8 @@ public:
     DBGroups group() const;
     /// Null once its Qt parent was deleted.
     QWidget *widget() const;
+    /// Shows all texts in the language that is installed now. Edits stay, and nobody is told of one.
+    void retranslate();
 
     /// Every parameter of the page in display order, the members of a JSON setting included.
     QVector<SettingAddress> addresses() const;

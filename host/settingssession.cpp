@@ -109,6 +109,12 @@ DBParamWidget *SettingsSession::editor(const SettingAddress &address) const
     return shown ? shown->editor(address) : nullptr;
 }
 
+void SettingsSession::retranslate()
+{
+    for (const auto &page : m_pages)
+        page->retranslate();
+}
+
 QString SettingsSession::shownText(const SettingAddress &address) const
 {
     const SettingsPage *shown = page(address);
@@ -267,6 +273,7 @@ void SettingsSession::buildPage(DBGroups group, QWidget *parent)
         Q_EMIT parameterEdited(address);
         Q_EMIT edited();
     });
+    Q_EMIT pageOpened(group);
 }
 
 // What is edited

@@ -73,6 +73,8 @@ public:
     bool isOpen(DBGroups group) const;
     /// Null unless the parameter's page is open.
     DBParamWidget *editor(const SettingAddress &address) const;
+    /// Shows the open pages in the language that is installed now. Edits stay.
+    void retranslate();
     /// What would be saved for what the editor shows now; null unless the parameter's page is open.
     QString shownText(const SettingAddress &address) const;
 
@@ -112,6 +114,8 @@ public:
 Q_SIGNALS:
     void loaded();
     void failed(const DatabaseError &error);
+    /// The page was built; its editors can be reached.
+    void pageOpened(DBGroups group);
     /// What changes() and conflicts() say may be something else.
     void edited();
     /// A person has changed what the editor shows; nothing that is done by program says so.

@@ -54,7 +54,8 @@ QStringList Translations::languages()
 
 QString Translations::name(const QString &language)
 {
-    const QLocale locale(language);
+    // The language of no country, or English would be American English.
+    const QLocale locale(QLocale(language).language(), QLocale::World);
     const QString name = locale.nativeLanguageName();
     return locale.toUpper(name.left(1)) + name.mid(1);
 }
@@ -86,6 +87,8 @@ bool Translations::setLanguage(const QString &language)
 
     m_language = language;
     m_translators.clear();
+    // Dates are written in the language of the words around them.
+    QLocale::setDefault(QLocale(language));
     // What is installed last is asked first.
     install(QStringLiteral("qtbase"), qtcompat::translationsFolder());
     for (const QString &catalogue : {QStringLiteral("vantorix"), QStringLiteral("vxsettings"), m_program})

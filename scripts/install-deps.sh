@@ -12,7 +12,9 @@ run_packages=(
     fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
-    clang clang-format clang-tidy codespell gcovr git libbenchmark-dev librapidcheck-dev postgresql postgresql-common python3 shellcheck sqlite3 strace valgrind xauth xvfb
+    appstream clang clang-format clang-tidy codespell desktop-file-utils fish gcovr git groff-base libbenchmark-dev
+    librapidcheck-dev man-db pkg-config postgresql postgresql-common python3 shellcheck sqlite3 strace valgrind xauth
+    xvfb zsh
 )
 
 packages=("${run_packages[@]}")

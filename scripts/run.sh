@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The main job: installs what is missing, builds the settings manager and starts it with the given arguments.
 #
-#   scripts/run.sh [--database FILE]...   "scripts/run.sh --help" lists the arguments
+#   scripts/run.sh [--database URL]...   "scripts/run.sh --help" lists the arguments
 #
 # Without a display it draws all pages into build/pictures and runs the manager's self-test instead.
 set -euo pipefail
@@ -12,7 +12,7 @@ pictures=$project/build/pictures
 "$project/scripts/install-deps.sh"
 # Arguments may name files relative to where the user is, so this script stays there.
 cmake -S "$project" --preset release
-cmake --build "$project/build/release" --target vxsettings-manager
+cmake --build "$project/build/release"
 
 needs_display=yes
 for argument in "$@"; do

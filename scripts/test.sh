@@ -24,6 +24,12 @@ done
 section "clang-tidy"
 scripts/tidy.sh build/dev
 
+section "Invented input"
+scripts/fuzz.sh 60
+
+section "Installed"
+scripts/check-install.sh build/dev
+
 section "Below another project"
 scripts/check-subdirectory.sh
 

@@ -177,6 +177,24 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
 </context>
 <context>
+    <name>DisabledHints</name>
+    <message>
+        <source>Недоступно. Включается параметром «%1», сейчас там: %2.</source>
+        <translation>Not available. “%1” switches it on, and is now: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>EditHistory</name>
+    <message>
+        <source>&amp;Отменить правку</source>
+        <translation>&amp;Undo edit</translation>
+    </message>
+    <message>
+        <source>&amp;Повторить правку</source>
+        <translation>&amp;Redo edit</translation>
+    </message>
+</context>
+<context>
     <name>HistoryDialog</name>
     <message>
         <source>%1. Причина: %2</source>
@@ -379,6 +397,81 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
 </context>
 <context>
+    <name>MainMenu</name>
+    <message>
+        <source>&amp;Файл</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>П&amp;равка</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Вид</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message>
+        <source>Спр&amp;авка</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;О программе</source>
+        <translation>A&amp;bout</translation>
+    </message>
+    <message>
+        <source>&amp;Сохранить</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Импорт…</source>
+        <translation>&amp;Import…</translation>
+    </message>
+    <message>
+        <source>С&amp;равнить с файлом…</source>
+        <translation>&amp;Compare with a file…</translation>
+    </message>
+    <message>
+        <source>&amp;Экспорт…</source>
+        <translation>E&amp;xport…</translation>
+    </message>
+    <message>
+        <source>&amp;Отчёт в PDF…</source>
+        <translation>&amp;Report as PDF…</translation>
+    </message>
+    <message>
+        <source>&amp;Выход</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message>
+        <source>&amp;Найти…	Ctrl+F</source>
+        <translation>Fi&amp;nd…	Ctrl+F</translation>
+    </message>
+    <message>
+        <source>&amp;История изменений…</source>
+        <translation>Histor&amp;y…</translation>
+    </message>
+    <message>
+        <source>&amp;Язык</source>
+        <translation>&amp;Language</translation>
+    </message>
+    <message>
+        <source>&amp;Оформление</source>
+        <translation>&amp;Theme</translation>
+    </message>
+    <message>
+        <source>&amp;Светлое</source>
+        <translation>Li&amp;ght</translation>
+    </message>
+    <message>
+        <source>&amp;Тёмное</source>
+        <translation>&amp;Dark</translation>
+    </message>
+    <message>
+        <source>&amp;Как в системе</source>
+        <translation>Sa&amp;me as the system</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>%1[*] — Настройки базы данных</source>
@@ -404,6 +497,22 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Нет связи с базой данных. Соединение…</source>
         <translation>There is no connection to the database. Connecting…</translation>
     </message>
+    <message>
+        <source>О программе</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>Настройки базы данных</source>
+        <translation>Database settings</translation>
+    </message>
+    <message>
+        <source>Версия %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
+    </message>
 </context>
 <context>
     <name>Manager</name>
@@ -426,6 +535,26 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Есть несохранённые изменения</source>
         <translation>There are unsaved changes</translation>
     </message>
+    <message>
+        <source>Общие</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Люди</source>
+        <translation>People</translation>
+    </message>
+    <message>
+        <source>Биометрия</source>
+        <translation>Biometrics</translation>
+    </message>
+    <message>
+        <source>Мобильные приложения</source>
+        <translation>Mobile applications</translation>
+    </message>
+    <message>
+        <source>Внешние системы</source>
+        <translation>External systems</translation>
+    </message>
 </context>
 <context>
     <name>PagePictures</name>
@@ -436,6 +565,76 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Не удаётся записать файл «%1».</source>
         <translation>The file “%1” cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterMarks</name>
+    <message>
+        <source>Изменено и здесь, и в другом месте. Там сохранено: %1 (%2).</source>
+        <translation>Changed here and elsewhere. Saved there: %1 (%2).</translation>
+    </message>
+    <message>
+        <source>Изменено. Сохранено: %1.</source>
+        <translation>Changed. Saved: %1.</translation>
+    </message>
+    <message>
+        <source>%1 Сохранено: %2.</source>
+        <translation>%1 Saved: %2.</translation>
+    </message>
+    <message>
+        <source>%1 Сохранено: %2, показано: %3.</source>
+        <translation>%1 Saved: %2, shown: %3.</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterMenu</name>
+    <message>
+        <source>Почему такое значение…</source>
+        <translation>Why this value…</translation>
+    </message>
+    <message>
+        <source>Вернуть сохранённое значение</source>
+        <translation>Revert to the saved value</translation>
+    </message>
+    <message>
+        <source>Исправить сохранённое: %1</source>
+        <translation>Repair what is saved: %1</translation>
+    </message>
+    <message>
+        <source>Перейти к параметру «%1»</source>
+        <translation>Go to “%1”</translation>
+    </message>
+    <message>
+        <source>Скопировать ключ</source>
+        <translation>Copy the key</translation>
+    </message>
+    <message>
+        <source>Скопировать команду vxsettingsctl</source>
+        <translation>Copy the vxsettingsctl command</translation>
+    </message>
+    <message>
+        <source>Ключ: %1</source>
+        <translation>Key: %1</translation>
+    </message>
+    <message>
+        <source>Сохранено: %1</source>
+        <translation>Saved: %1</translation>
+    </message>
+    <message>
+        <source>Показано: %1</source>
+        <translation>Shown: %1</translation>
+    </message>
+    <message>
+        <source>Последнее изменение: %1</source>
+        <translation>Last change: %1</translation>
+    </message>
+    <message>
+        <source>Почему такое значение</source>
+        <translation>Why this value</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
     </message>
 </context>
 <context>
@@ -534,6 +733,30 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Неизвестно, записаны ли изменения. Когда связь восстановится, записанное перестанет отмечаться как изменённое.</source>
         <translation>It is unknown whether the changes were saved. When the connection is back, what was saved will no longer be marked as changed.</translation>
+    </message>
+    <message>
+        <source>…и ещё: %1</source>
+        <translation>…and more: %1</translation>
+    </message>
+    <message>
+        <source>Черновик изменений</source>
+        <translation>Draft of changes</translation>
+    </message>
+    <message>
+        <source>Программа завершилась, не сохранив изменения от %1. Восстановить их?</source>
+        <translation>The program ended without saving the changes of %1. Restore them?</translation>
+    </message>
+    <message>
+        <source>&amp;Восстановить</source>
+        <translation>R&amp;estore</translation>
+    </message>
+    <message>
+        <source>&amp;Удалить черновик</source>
+        <translation>De&amp;lete the draft</translation>
+    </message>
+    <message>
+        <source>%1: %2 → %3</source>
+        <translation>%1: %2 → %3</translation>
     </message>
 </context>
 <context>
@@ -637,6 +860,53 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>  ОШИБКА: </source>
         <extracomment>As wide as the words for what is right.</extracomment>
         <translation>  ERROR:   </translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFiles</name>
+    <message>
+        <source>Экспорт настроек</source>
+        <translation>Export settings</translation>
+    </message>
+    <message>
+        <source>Файлы настроек (*.json)</source>
+        <translation>Settings files (*.json)</translation>
+    </message>
+    <message>
+        <source>Отчёт о настройках</source>
+        <translation>Settings report</translation>
+    </message>
+    <message>
+        <source>Документы PDF (*.pdf)</source>
+        <translation>PDF documents (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Импорт настроек</source>
+        <translation>Import settings</translation>
+    </message>
+    <message>
+        <source>Сравнение с файлом</source>
+        <translation>Comparison with a file</translation>
+    </message>
+    <message>
+        <source>Файл не прочитан</source>
+        <translation>File not read</translation>
+    </message>
+    <message>
+        <source>Файл не записан</source>
+        <translation>File not written</translation>
+    </message>
+    <message>
+        <source>Файл записан</source>
+        <translation>File written</translation>
+    </message>
+    <message>
+        <source>Несохранённые изменения и пароли в файл не входят.</source>
+        <translation>Unsaved changes and passwords are not in the file.</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #include "changebar.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -7,17 +8,14 @@
 ChangeBar::ChangeBar(QWidget *parent)
     : QWidget(parent)
     , m_label(new QLabel(this))
-    , m_cancel(new QPushButton(tr("&Прервать"), this))
-    , m_revert(new QPushButton(tr("&Отменить"), this))
-    , m_save(new QPushButton(tr("&Сохранить"), this))
+    , m_cancel(new QPushButton(this))
+    , m_revert(new QPushButton(this))
+    , m_save(new QPushButton(this))
 {
     m_label->setObjectName(QStringLiteral("changeLabel"));
     m_cancel->setObjectName(QStringLiteral("cancelButton"));
-    m_cancel->setToolTip(tr("Больше не ждать. Изменения останутся несохранёнными"));
     m_revert->setObjectName(QStringLiteral("revertButton"));
-    m_revert->setToolTip(tr("Вернуть сохранённые значения на всех страницах"));
     m_save->setObjectName(QStringLiteral("saveButton"));
-    m_save->setToolTip(tr("Записать изменения всех страниц в базу данных (Ctrl+S)"));
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_label, 1);
@@ -26,7 +24,7 @@ ChangeBar::ChangeBar(QWidget *parent)
     connect(m_cancel, &QPushButton::clicked, this, &ChangeBar::cancelRequested);
     connect(m_revert, &QPushButton::clicked, this, &ChangeBar::revertRequested);
     connect(m_save, &QPushButton::clicked, this, &ChangeBar::saveRequested);
-    showState();
+    retranslate();
 }
 
 void ChangeBar::setChangeCount(int count, int conflictCount)
@@ -47,6 +45,24 @@ void ChangeBar::followInTabOrder(QWidget *widget)
     setTabOrder(widget, m_cancel);
     setTabOrder(m_cancel, m_revert);
     setTabOrder(m_revert, m_save);
+}
+
+void ChangeBar::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void ChangeBar::retranslate()
+{
+    m_cancel->setText(tr("&Прервать"));
+    m_cancel->setToolTip(tr("Больше не ждать. Изменения останутся несохранёнными"));
+    m_revert->setText(tr("&Отменить"));
+    m_revert->setToolTip(tr("Вернуть сохранённые значения на всех страницах"));
+    m_save->setText(tr("&Сохранить"));
+    m_save->setToolTip(tr("Записать изменения всех страниц в базу данных (Ctrl+S)"));
+    showState();
 }
 
 void ChangeBar::showState()

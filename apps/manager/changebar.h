@@ -27,7 +27,11 @@ Q_SIGNALS:
     void revertRequested();
     void cancelRequested();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void retranslate();
     void showState();
 
     QLabel *m_label;

@@ -119,5 +119,5 @@ int main(int argc, char *argv[])
     Translations translations(QStringLiteral("vxsettings-manager"));
     setLanguage(translations);
     const CommandLine commandLine(QCoreApplication::arguments());
-    return Manager(commandLine).run();
+    return Manager(commandLine, translations).run();
 }

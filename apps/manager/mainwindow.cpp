@@ -2,25 +2,44 @@
 
 #include "changebar.h"
 #include "conflictdialog.h"
+#include "edithistory.h"
+#include "historydialog.h"
+#include "mainmenu.h"
 #include "pagearea.h"
 #include "pagelist.h"
+#include "parametermarks.h"
+#include "parametermenu.h"
+#include "reviewdialog.h"
 #include "savequestions.h"
+#include "searchfield.h"
+#include "settingsfiles.h"
+#include "spotlight.h"
 
+#include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/translations.h>
 
-#include <QAction>
+#include <vxsettings/dbparamwidget.h>
+
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QTimer>
+#include <QTranslator>
 
 namespace {
 
 constexpr QSize initialSize(1024, 700);
 constexpr int noticeMargin = 6;
+constexpr int searchMargin = 8;
+constexpr QSize aboutIconSize(48, 48);
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString pageKey = QStringLiteral("window/page");
 
@@ -40,27 +59,60 @@ QString nameOf(DBGroups group)
     }
     return {};
 }
+
+/// Those besides Russian, which is searched anyway.
+std::vector<std::unique_ptr<QTranslator>> searchedLanguages()
+{
+    std::vector<std::unique_ptr<QTranslator>> languages;
+    for (const QString &language : Translations::languages().mid(1)) {
+        if (auto texts = Translations::libraryTexts(language))
+            languages.push_back(std::move(texts));
+    }
+    return languages;
+}
+
+QVector<const QTranslator *> borrowed(const std::vector<std::unique_ptr<QTranslator>> &languages)
+{
+    QVector<const QTranslator *> borrowed;
+    for (const auto &language : languages)
+        borrowed.append(language.get());
+    return borrowed;
+}
 } // namespace
 
-MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent)
-    : QMainWindow(parent)
-    , m_database(database)
+MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session, Translations *translations)
+    : m_database(database)
     , m_session(session)
+    , m_searchedLanguages(searchedLanguages())
+    , m_search(borrowed(m_searchedLanguages))
+    , m_searchField(new SearchField(m_search))
+    , m_menu(new MainMenu(translations, this))
+    , m_files(new SettingsFiles(session, database.location(), this))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
     , m_notice(new QLabel)
     , m_bar(new ChangeBar)
 {
-    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(database.location().shortName()));
     setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
     setCentralWidget(createCentralWidget());
-    createActions();
+    setMenuBar(m_menu);
+    connectMenu();
+    retranslate();
+    new ParameterMarks(m_session, this);
+    auto *menu = new ParameterMenu(m_session, m_database.location(), this);
+    connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
+    auto *history = new EditHistory(m_session, this);
+    m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
     connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
-    connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::save);
+    connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
+    connect(m_searchField, &SearchField::resultsChanged, m_list, &PageList::setHits);
+    connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::review);
     connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
     connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
+    connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
     // Not from within the signal, which a dialog would hold up.
     connect(&m_session, &SettingsSession::saveFinished, this,
             [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
@@ -73,7 +125,13 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
 
     restoreView();
     showPage(m_list->chosen());
+    findStoredProblems();
     m_list->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    delete m_searchField; // before what it searches in
 }
 
 QWidget *MainWindow::createCentralWidget()
@@ -81,7 +139,7 @@ QWidget *MainWindow::createCentralWidget()
     auto *central = new QWidget;
     auto *columns = new QHBoxLayout;
     columns->setSpacing(0);
-    columns->addWidget(m_list);
+    columns->addLayout(createNavigation());
     columns->addWidget(m_stack, 1);
 
     auto *rows = new QVBoxLayout(central);
@@ -100,20 +158,57 @@ QWidget *MainWindow::createCentralWidget()
     return central;
 }
 
-void MainWindow::createActions()
+QLayout *MainWindow::createNavigation()
 {
-    auto *saveAction = new QAction(this);
-    saveAction->setShortcut(QKeySequence::Save);
-    connect(saveAction, &QAction::triggered, this, &MainWindow::save);
-    addAction(saveAction);
+    auto *rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    auto *searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(searchMargin, searchMargin, searchMargin, searchMargin);
+    searchRow->addWidget(m_searchField);
+    rows->addLayout(searchRow);
+    rows->addWidget(m_list, 1);
+    return rows;
+}
+
+void MainWindow::connectMenu()
+{
+    connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::review);
+    connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
+    connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
+    connect(m_menu, &MainMenu::historyRequested, this, &MainWindow::showHistory);
+    connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
+    connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
+    connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
+    connect(m_menu, &MainMenu::findRequested, m_searchField, &SearchField::activate);
+    connect(m_menu, &MainMenu::aboutRequested, this, &MainWindow::showAbout);
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox box(QMessageBox::NoIcon, tr("О программе"), tr("Настройки базы данных"), QMessageBox::NoButton, this);
+    box.setInformativeText(tr("Версия %1").arg(QCoreApplication::applicationVersion()));
+    box.setIconPixmap(windowIcon().pixmap(aboutIconSize));
+    box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+void MainWindow::retranslate()
+{
+    setWindowTitle(tr("%1[*] — Настройки базы данных").arg(m_database.location().shortName()));
+    m_session.retranslate();
 }
 
 void MainWindow::showPage(DBGroups group)
 {
+    m_stack->setCurrentWidget(openArea(group));
+}
+
+PageArea *MainWindow::openArea(DBGroups group)
+{
     PageArea *&area = m_areas[int(group)];
     if (!area)
         area = createPage(group);
-    m_stack->setCurrentWidget(area);
+    return area;
 }
 
 PageArea *MainWindow::createPage(DBGroups group)
@@ -129,19 +224,74 @@ PageArea *MainWindow::createPage(DBGroups group)
     return area;
 }
 
+void MainWindow::showParameter(const SettingAddress &address)
+{
+    const DBGroups page = SettingAddress{address.key}.group();
+    m_list->choose(page);
+    DBParamWidget *editor = m_session.editor(address);
+    if (!editor)
+        return;
+    m_areas.value(int(page))->reveal(editor);
+    Spotlight::pointAt(editor);
+    editor->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::edit(const SettingAddress &address, const QString &text)
+{
+    openArea(SettingAddress{address.key}.group());
+    m_session.setParameter(address, text);
+}
+
+void MainWindow::findStoredProblems()
+{
+    m_storedProblems.clear();
+    for (const SettingFinding &finding : m_session.findings()) {
+        // A broken rule is judged by what is edited, and no page shows what the catalogue does not have.
+        if (finding.problem != SettingProblem::Kind::BrokenRule && finding.address.isKnown())
+            m_storedProblems.append(finding.address);
+    }
+    showProblems();
+}
+
+void MainWindow::showProblems()
+{
+    QVector<SettingAddress> problems = m_storedProblems;
+    for (const SettingRules::Violation &violation : m_session.violations()) {
+        for (const SettingAddress &address : {violation.lower, violation.upper}) {
+            if (!problems.contains(address))
+                problems.append(address);
+        }
+    }
+    m_searchField->setProblematic(problems);
+}
+
 void MainWindow::showChanges()
 {
-    const int count = m_session.changedAddresses().count();
+    const QVector<SettingAddress> changed = m_session.changedAddresses();
+    const int count = changed.count();
+    m_searchField->setChanged(changed);
+    showProblems();
     setWindowModified(count > 0);
     m_bar->setChangeCount(count, m_session.conflicts().count());
     for (const SettingsPageName &page : settingsPages)
         m_list->setChanged(page.group, m_session.hasChanges(page.group));
 }
 
+void MainWindow::review()
+{
+    if (!m_session.hasChanges() || m_session.isSaving())
+        return;
+    ReviewDialog dialog(changes(), this);
+    if (dialog.exec() == QDialog::Rejected)
+        return;
+    m_reason = dialog.reason();
+    save();
+}
+
 void MainWindow::save()
 {
     m_bar->setProgress(tr("Сохранение…"));
-    m_session.save();
+    m_session.save(m_reason);
 }
 
 void MainWindow::saveReplacingUnreadable(const QStringList &keys)
@@ -151,7 +301,7 @@ void MainWindow::saveReplacingUnreadable(const QStringList &keys)
         return;
     }
     m_bar->setProgress(tr("Сохранение…"));
-    m_session.save({}, SettingsSession::Unreadable::Replace);
+    m_session.save(m_reason, SettingsSession::Unreadable::Replace);
 }
 
 void MainWindow::showProgress(InstallationDatabase::Wait wait)
@@ -221,9 +371,51 @@ void MainWindow::resolveConflicts()
     save();
 }
 
+QVector<SettingChange> MainWindow::changes() const
+{
+    QVector<SettingChange> changes;
+    for (const SettingAddress &address : m_session.changedAddresses())
+        changes.append({address, m_session.storedText(address), m_session.shownText(address)});
+    SettingChange::sort(changes);
+    return changes;
+}
+
+void MainWindow::showHistory()
+{
+    HistoryDialog dialog(std::nullopt, this);
+    connect(&dialog, &HistoryDialog::restoreRequested, this,
+            [this](const SettingAddress &address, const QString &text) {
+                edit(address, text);
+                showParameter(address);
+            });
+    const QPointer<HistoryDialog> shown(&dialog);
+    m_database.history({}, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
+        if (!shown)
+            return;
+        if (read.error)
+            shown->setProblem(read.error->text());
+        else
+            shown->setRecords(read.value);
+    });
+    dialog.exec();
+}
+
+void MainWindow::importSettings()
+{
+    for (const SettingChange &change : m_files->chooseImported())
+        edit(change.address, change.after);
+}
+
 void MainWindow::stay()
 {
     m_isLeaving = false;
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -244,10 +436,12 @@ bool MainWindow::mayClose()
     }
     if (!m_session.hasChanges())
         return true;
-    const auto answer = SaveQuestions::leave(this, m_session.changedAddresses().count());
+    const auto answer = SaveQuestions::leave(this, changes());
     m_isLeaving = answer == SaveQuestions::Leaving::Save;
-    if (m_isLeaving)
+    if (m_isLeaving) {
+        m_reason.clear();
         save();
+    }
     return answer == SaveQuestions::Leaving::Discard;
 }
 

@@ -1,18 +1,28 @@
 #pragma once
 
 #include <host/installationdatabase.h>
+#include <host/settingssearch.h>
 
 #include <vxsettings/dbsettingstypes.h>
 
 #include <QHash>
 #include <QMainWindow>
 
+#include <memory>
+#include <vector>
+
 class ChangeBar;
+class MainMenu;
 class PageArea;
 class PageList;
 class QLabel;
 class QStackedWidget;
+class QTranslator;
+class SearchField;
+class SettingsFiles;
+struct SettingChange;
 class SettingsSession;
+class Translations;
 
 /// The pages of an installation's settings, one at a time, and the bar that saves them.
 ///
@@ -22,25 +32,45 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// @p session has loaded @p database; both live longer.
-    MainWindow(InstallationDatabase &database, SettingsSession &session, QWidget *parent = nullptr);
+    /// @p session has loaded @p database. These and @p translations live longer; without the latter there is no choice
+    /// of language.
+    MainWindow(InstallationDatabase &database, SettingsSession &session, Translations *translations = nullptr);
+    ~MainWindow() override;
+
+    /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
+    /// there.
+    void showParameter(const SettingAddress &address);
+    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed. Opens the page for that, without
+    /// leaving the one that is shown.
+    void edit(const SettingAddress &address, const QString &text);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *createCentralWidget();
-    void createActions();
+    QLayout *createNavigation();
+    void connectMenu();
+    void showAbout();
+    void retranslate();
     void showPage(DBGroups group);
+    PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
+    void findStoredProblems();
+    void showProblems();
 
     void save();
+    void review();
     void saveReplacingUnreadable(const QStringList &keys);
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);
     void explainFailure(const DatabaseError &error);
     void resolveConflicts();
+    QVector<SettingChange> changes() const;
+    void showHistory();
+    void importSettings();
     void stay();
     bool mayClose();
 
@@ -49,10 +79,17 @@ private:
 
     InstallationDatabase &m_database;
     SettingsSession &m_session;
+    std::vector<std::unique_ptr<QTranslator>> m_searchedLanguages;
+    SettingsSearch m_search;
+    SearchField *m_searchField;
+    QVector<SettingAddress> m_storedProblems; ///< of what is stored
+    MainMenu *m_menu;
+    SettingsFiles *m_files;
     PageList *m_list;
     QStackedWidget *m_stack;
     QLabel *m_notice;
     ChangeBar *m_bar;
     QHash<int, PageArea *> m_areas; ///< by group
+    QString m_reason;               ///< of the save under way, for the history
     bool m_isLeaving = false;       ///< closes once everything is saved
 };

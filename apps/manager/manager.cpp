@@ -1,6 +1,7 @@
 #include "manager.h"
 
 #include "commandline.h"
+#include "draftkeeper.h"
 #include "exitstatus.h"
 #include "mainwindow.h"
 #include "pagepictures.h"
@@ -8,7 +9,10 @@
 #include "selftest.h"
 #include "sessionwait.h"
 
+#include <host/settingsdraft.h>
+
 #include <QApplication>
+#include <QTimer>
 
 namespace {
 
@@ -20,8 +24,9 @@ bool hasScreen()
 }
 } // namespace
 
-Manager::Manager(const CommandLine &commandLine)
+Manager::Manager(const CommandLine &commandLine, Translations &translations)
     : m_commandLine(commandLine)
+    , m_translations(translations)
     , m_location(DatabaseLocation::chosen(commandLine.database()))
     , m_database(m_location, InstallationDatabase::Missing::CreateSample)
     , m_session(m_database)
@@ -44,8 +49,9 @@ int Manager::run()
     if (!m_location.isValid())
         return usageError(m_location.problem());
 
-    if (m_commandLine.theme())
-        Theme::apply(*m_commandLine.theme());
+    // Pictures look alike whatever the person at the screen likes.
+    const Theme::Kind usual = m_commandLine.isWindowWanted() ? Theme::remembered() : Theme::Kind::System;
+    Theme::apply(m_commandLine.theme().value_or(usual));
     if (m_commandLine.isSelfTestWanted()) {
         const ExitStatus status = SelfTest(m_location, m_out, m_err).run();
         if (status != ExitDone || m_commandLine.pictureFolder().isNull())
@@ -81,7 +87,13 @@ int Manager::runOnDatabase()
 int Manager::showWindow()
 {
     m_database.watch();
-    MainWindow window(m_database, m_session);
+    MainWindow window(m_database, m_session, &m_translations);
+    SettingsDraft draft(m_location);
+    DraftKeeper keeper(draft, m_session, window);
     window.show();
-    return QApplication::exec();
+    // Once the window can be seen, and the box lies over it.
+    QTimer::singleShot(0, &keeper, &DraftKeeper::offer);
+    const int status = QApplication::exec();
+    keeper.drop();
+    return status;
 }

@@ -8,6 +8,7 @@
 #include <QTextStream>
 
 class CommandLine;
+class Translations;
 
 /// The program from its command line to its exit status.
 class Manager
@@ -15,7 +16,8 @@ class Manager
     Q_DECLARE_TR_FUNCTIONS(Manager)
 
 public:
-    explicit Manager(const CommandLine &commandLine);
+    /// Both live longer.
+    Manager(const CommandLine &commandLine, Translations &translations);
 
     /// Needs a QApplication. Returns an ExitStatus.
     int run();
@@ -27,6 +29,7 @@ private:
     int showWindow();
 
     const CommandLine &m_commandLine;
+    Translations &m_translations;
     DatabaseLocation m_location;
     InstallationDatabase m_database;
     SettingsSession m_session;

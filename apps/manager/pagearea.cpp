@@ -1,5 +1,9 @@
 #include "pagearea.h"
 
+#include <vxwidgets/vxsettingsgroupwidget.h>
+
+#include <QCoreApplication>
+#include <QEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -30,4 +34,15 @@ void PageArea::setPage(QWidget *page)
     auto *layout = static_cast<QVBoxLayout *>(canvas()->layout());
     layout->addWidget(page);
     layout->addStretch(1);
+}
+
+void PageArea::reveal(QWidget *editor)
+{
+    for (QWidget *above = editor->parentWidget(); above && above != this; above = above->parentWidget()) {
+        if (auto *frame = qobject_cast<VXSettingsGroupWidget *>(above))
+            frame->expand();
+    }
+    // Until then a page that was built just now, or a frame that was unfolded, has no room yet.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    ensureWidgetVisible(editor, margin, margin);
 }

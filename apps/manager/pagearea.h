@@ -13,4 +13,6 @@ public:
     /// The page is built below this widget, then handed to setPage().
     QWidget *canvas() const;
     void setPage(QWidget *page);
+    /// Unfolds what @p editor, which lies on the page, is folded into, and scrolls to it.
+    void reveal(QWidget *editor);
 };

@@ -1,7 +1,5 @@
 #include "pagelist.h"
 
-#include <host/settingspages.h>
-
 #include <vxsettings/dbsettingshelper.h>
 
 #include <vxstyles/vxiconhelper.h>
@@ -12,13 +10,45 @@
 namespace {
 
 constexpr QSize pictureSize(24, 24);
-constexpr int rowHeight = 36;
-constexpr int margin = 6; // around the rows
+constexpr int rowHeight = 32;
+constexpr int headingHeight = 24;
+constexpr int margin = 6;              // around the rows
+constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
+
+struct Section
+{
+    const char *heading;
+    QVector<DBGroups> pages;
+};
+
+const QVector<Section> &sections()
+{
+    static const QVector<Section> sections{
+        {QT_TRANSLATE_NOOP("PageList", "Общие"), {DBGroups::Database, DBGroups::PassRequests}},
+        {QT_TRANSLATE_NOOP("PageList", "Люди"), {DBGroups::Employees, DBGroups::Users}},
+        {QT_TRANSLATE_NOOP("PageList", "Биометрия"),
+         {DBGroups::ScanningCommon, DBGroups::FingerprintScanning, DBGroups::PalmScanning, DBGroups::FaceScanning}},
+        {QT_TRANSLATE_NOOP("PageList", "Мобильные приложения"),
+         {DBGroups::Connection, DBGroups::StudioMobile, DBGroups::MobileId}},
+        {QT_TRANSLATE_NOOP("PageList", "Внешние системы"), {DBGroups::Integration}},
+    };
+    return sections;
+}
+
+bool isPage(const QListWidgetItem *item)
+{
+    return item->data(groupRole).isValid();
+}
 
 DBGroups groupOf(const QListWidgetItem *item)
 {
     return DBGroups(item->data(groupRole).toInt());
+}
+
+QString withHits(const QString &title, int count)
+{
+    return QStringLiteral("%1 (%2)").arg(title).arg(count);
 }
 
 /// The theme's black drawing in the colours of the text beside it.
@@ -37,26 +67,40 @@ PageList::PageList(QWidget *parent)
     : QListWidget(parent)
 {
     setObjectName(QStringLiteral("pageList"));
-    setAccessibleName(tr("Страницы настроек"));
     setIconSize(pictureSize);
-    setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(margin, margin, margin, margin);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
-    for (const SettingsPageName &page : settingsPages) {
-        auto *item = new QListWidgetItem(DBSettingsHelper::groupName(page.group), this);
-        item->setData(groupRole, int(page.group));
-        item->setSizeHint({0, rowHeight});
+    for (const Section &section : sections()) {
+        addHeading();
+        for (const DBGroups group : section.pages)
+            addPage(group);
     }
-    paintIcons();
-    setCurrentRow(0);
+    retranslate();
+    paint();
+    choose(sections().first().pages.first());
     connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem *item) {
         if (item)
             Q_EMIT pageChosen(groupOf(item));
     });
+}
+
+void PageList::addHeading()
+{
+    auto *item = new QListWidgetItem(this);
+    item->setFlags(Qt::NoItemFlags);
+    item->setSizeHint({0, headingHeight});
+    item->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
+}
+
+void PageList::addPage(DBGroups group)
+{
+    auto *item = new QListWidgetItem(this);
+    item->setData(groupRole, int(group));
+    item->setSizeHint({0, rowHeight});
 }
 
 void PageList::choose(DBGroups group)
@@ -71,22 +115,55 @@ DBGroups PageList::chosen() const
 
 void PageList::setChanged(DBGroups group, bool changed)
 {
-    QListWidgetItem *item = itemOf(group);
+    if (changed)
+        m_changed.insert(int(group));
+    else
+        m_changed.remove(int(group));
+    describe(itemOf(group));
+}
+
+void PageList::setHits(const QMap<DBGroups, int> &hits)
+{
+    m_hits = hits;
+    for (const Section &section : sections()) {
+        for (const DBGroups group : section.pages)
+            describe(itemOf(group));
+    }
+}
+
+QListWidgetItem *PageList::itemOf(DBGroups group) const
+{
+    int row = 0;
+    while (!isPage(item(row)) || groupOf(item(row)) != group)
+        ++row;
+    return item(row);
+}
+
+void PageList::describe(QListWidgetItem *item) const
+{
+    const DBGroups group = groupOf(item);
+    const QString title = DBSettingsHelper::groupName(group);
+    item->setText(m_hits.contains(group) ? withHits(title, m_hits.value(group)) : title);
+
+    const bool isChanged = m_changed.contains(int(group));
     QFont font = item->font();
-    font.setBold(changed);
+    font.setBold(isChanged);
     item->setFont(font);
-    item->setToolTip(changed ? tr("Есть несохранённые изменения") : QString());
+    item->setToolTip(isChanged ? tr("Есть несохранённые изменения") : QString());
 }
 
 QSize PageList::sizeHint() const
 {
+    constexpr int manyHits = 99;
     QFont bold = font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
     int textWidth = 0;
-    for (int row = 0; row < count(); ++row)
-        textWidth = qMax(textWidth, metrics.horizontalAdvance(item(row)->text()));
-
+    for (const Section &section : sections()) {
+        for (const DBGroups group : section.pages)
+            textWidth =
+                qMax(textWidth, metrics.horizontalAdvance(withHits(DBSettingsHelper::groupName(group), manyHits)));
+    }
     const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
     const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin;
     return {rowWidth + 2 * (frameWidth() + margin), QListWidget::sizeHint().height()};
@@ -96,19 +173,42 @@ void PageList::changeEvent(QEvent *event)
 {
     QListWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        paintIcons();
+        paint();
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
 }
 
-QListWidgetItem *PageList::itemOf(DBGroups group) const
+QModelIndex PageList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
+    const QModelIndex target = QListWidget::moveCursor(action, modifiers);
+    if (!target.isValid() || isPage(itemFromIndex(target)))
+        return target;
+    // A page stands below every heading; only from a page's own heading the way up is at its end.
+    const bool isUpwards = action == MoveUp || action == MovePrevious;
+    return target.sibling(target.row() + (isUpwards && target.row() > 0 ? -1 : 1), 0);
+}
+
+void PageList::retranslate()
+{
+    setAccessibleName(tr("Страницы настроек"));
     int row = 0;
-    while (groupOf(item(row)) != group)
-        ++row;
-    return item(row);
+    for (const Section &section : sections()) {
+        item(row++)->setText(tr(section.heading));
+        for (int i = 0; i < section.pages.size(); ++i)
+            describe(item(row++));
+    }
+    updateGeometry();
 }
 
-void PageList::paintIcons()
+void PageList::paint()
 {
-    for (int row = 0; row < count(); ++row)
-        item(row)->setIcon(icon(groupOf(item(row)), palette()));
+    // That of what is disabled, as headings are, is too pale to be read.
+    QColor headingColor = palette().color(QPalette::Text);
+    headingColor.setAlphaF(headingStrength);
+    for (int row = 0; row < count(); ++row) {
+        if (isPage(item(row)))
+            item(row)->setIcon(icon(groupOf(item(row)), palette()));
+        else
+            item(row)->setForeground(headingColor);
+    }
 }

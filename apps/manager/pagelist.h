@@ -3,8 +3,10 @@
 #include <vxsettings/dbsettingstypes.h>
 
 #include <QListWidget>
+#include <QMap>
+#include <QSet>
 
-/// The pages by icon and title, one of them chosen.
+/// The pages by icon and title under headings, one of them chosen.
 class PageList : public QListWidget
 {
     Q_OBJECT
@@ -17,6 +19,10 @@ public:
     DBGroups chosen() const;
     /// Marks the page as one with unsaved edits.
     void setChanged(DBGroups group, bool changed);
+    /// Tells behind each title how many results a search has there; empty while nothing is searched for.
+    void setHits(const QMap<DBGroups, int> &hits);
+    /// The row of the page.
+    QListWidgetItem *itemOf(DBGroups group) const;
 
     /// Wide enough for every title, marked or not.
     QSize sizeHint() const override;
@@ -26,8 +32,16 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    /// Steps over the headings.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    QListWidgetItem *itemOf(DBGroups group) const;
-    void paintIcons();
+    void addHeading();
+    void addPage(DBGroups group);
+    void describe(QListWidgetItem *item) const;
+    void retranslate();
+    void paint();
+
+    QMap<DBGroups, int> m_hits;
+    QSet<int> m_changed; ///< groups
 };

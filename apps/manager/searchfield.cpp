@@ -3,7 +3,7 @@
 #include "searchresults.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcut>
@@ -36,11 +36,11 @@ SearchField::SearchField(const SettingsSearch &search, QWidget *parent)
     setFocusProxy(m_line);
     m_results->hide();
 
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new QGridLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_line, 1);
-    layout->addWidget(m_changed.button);
-    layout->addWidget(m_problematic.button);
+    layout->addWidget(m_line, 0, 0, 1, 2);
+    layout->addWidget(m_changed.button, 1, 0);
+    layout->addWidget(m_problematic.button, 1, 1);
 
     connect(m_line, &QLineEdit::textChanged, this, &SearchField::searchAndShow);
     connect(m_results, &QListWidget::itemClicked, this, &SearchField::choose);
@@ -60,7 +60,7 @@ QToolButton *SearchField::createFilterButton(const QString &name)
     button->setObjectName(name);
     button->setCheckable(true);
     button->setFocusPolicy(Qt::StrongFocus);
-    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // as high as the line
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     connect(button, &QToolButton::clicked, this, [this] {
         m_line->setFocus();
         retranslate();

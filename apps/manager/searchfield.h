@@ -10,9 +10,9 @@ class QLineEdit;
 class QToolButton;
 class SearchResults;
 
-/// A line in which settings are searched for as one types, with two filters beside it and the results below.
+/// A line in which settings are searched for as one types, with two filters and the results below it.
 ///
-/// The results lie over the window's content, right below the line, and go away with its focus. The keyboard stays in
+/// The results lie over the window's content, right below the field, and go away with its focus. The keyboard stays in
 /// the line: up and down walk the results, Enter chooses one, Escape empties the line. Ctrl+F leads to it from anywhere
 /// in the window. While nothing is typed, a filter shows all that it lets through.
 class SearchField : public QWidget

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -33,6 +34,33 @@ QPalette darkPalette()
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(darkButton));
     return palette;
 }
+
+QString settingsKey()
+{
+    return QStringLiteral("theme");
+}
+
+Theme::Kind currentKind = Theme::Kind::System;
+
+/// The desktop's style; first asked for before another one is set.
+const QString &systemStyle()
+{
+    static const QString name = QApplication::style()->objectName();
+    return name;
+}
+
+QPalette paletteOf(Theme::Kind kind)
+{
+    switch (kind) {
+    case Theme::Kind::Light:
+        return QApplication::style()->standardPalette();
+    case Theme::Kind::Dark:
+        return darkPalette();
+    case Theme::Kind::System:
+        break;
+    }
+    return {}; // with nothing set, it is the desktop's
+}
 } // namespace
 
 std::optional<Theme::Kind> Theme::fromName(const QString &name)
@@ -44,11 +72,34 @@ std::optional<Theme::Kind> Theme::fromName(const QString &name)
     return {};
 }
 
+Theme::Kind Theme::remembered()
+{
+    return fromName(QSettings().value(settingsKey()).toString()).value_or(Kind::System);
+}
+
+Theme::Kind Theme::current()
+{
+    return currentKind;
+}
+
 void Theme::apply(Kind kind)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
-    const QPalette palette = kind == Kind::Dark ? darkPalette() : QApplication::style()->standardPalette();
-    QApplication::setPalette(palette);
+    const QString desktopStyle = systemStyle();
+    if (kind == Kind::System && currentKind == Kind::System)
+        return;
+    currentKind = kind;
+    QApplication::setStyle(QStyleFactory::create(kind == Kind::System ? desktopStyle : QStringLiteral("fusion")));
+    QApplication::setPalette(paletteOf(kind));
     // Tool tips have a palette of their own, which does not follow.
-    QToolTip::setPalette(palette);
+    QToolTip::setPalette(QApplication::palette());
+}
+
+void Theme::choose(Kind kind)
+{
+    apply(kind);
+    QSettings settings;
+    if (kind == Kind::System)
+        settings.remove(settingsKey());
+    else
+        settings.setValue(settingsKey(), kind == Kind::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
 }

@@ -4,13 +4,19 @@
 
 #include <optional>
 
-/// A look that does not depend on the desktop.
+/// The program's look, be it one that does not depend on the desktop or the desktop's own.
 class Theme
 {
 public:
-    enum class Kind { Light, Dark };
+    enum class Kind { Light, Dark, System };
 
     /// "light" or "dark"; nothing for any other text.
     static std::optional<Kind> fromName(const QString &name);
+    /// What was chosen last by the user of this program; the desktop's look if nothing was.
+    static Kind remembered();
+    /// What was applied last; the desktop's look if nothing was.
+    static Kind current();
     static void apply(Kind kind);
+    /// Applies @p kind, and remembers it for the next start.
+    static void choose(Kind kind);
 };

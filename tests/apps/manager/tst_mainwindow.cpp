@@ -1,27 +1,43 @@
 #include "mainwindow.h"
 
+#include "changetree.h"
+#include "historydialog.h"
 #include "host/editors.h"
 #include "host/testdatabase.h"
+#include "importdialog.h"
 #include "messages.h"
 #include "modalanswer.h"
 #include "pagelist.h"
+#include "searchresults.h"
 #include "sessionwait.h"
+#include "spotlight.h"
+#include "theme.h"
 
 #include <host/hostenvironment.h>
 #include <host/installationdatabase.h>
+#include <host/settingsdocument.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/translations.h>
 
 #include <vxsettings/dbkeys.h>
 
+#include <vxwidgets/vxsettingsgroupwidget.h>
+
 #include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QTest>
+#include <QToolButton>
 
 #include <memory>
 
@@ -41,13 +57,13 @@ InstallationDatabase::Limits quickLimits()
 class Window
 {
 public:
-    explicit Window(const TestDatabase &file)
+    explicit Window(const TestDatabase &file, Translations *translations = nullptr)
         : database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample, quickLimits())
         , session(database)
     {
         if (const auto error = SessionWait::load(session))
             throw std::runtime_error(error->text().toStdString());
-        window = std::make_unique<MainWindow>(database, session);
+        window = std::make_unique<MainWindow>(database, session, translations);
         window->show();
         if (!QTest::qWaitForWindowExposed(window.get()))
             throw std::runtime_error("no window");
@@ -57,16 +73,49 @@ public:
     QWidget *page() const { return window->findChild<QStackedWidget *>()->currentWidget(); }
     QPushButton *save() const { return window->findChild<QPushButton *>("saveButton"); }
     QPushButton *revert() const { return window->findChild<QPushButton *>("revertButton"); }
+    QLineEdit *searchLine() const { return window->findChild<QLineEdit *>("searchLine"); }
+    QToolButton *changedFilter() const { return window->findChild<QToolButton *>("changedFilter"); }
     QString changeText() const { return window->findChild<QLabel *>("changeLabel")->text(); }
+
+    /// Types into the search line, to which Ctrl+F leads.
+    void search(const QString &words) const
+    {
+        QApplication::setActiveWindow(window.get());
+        QTest::keyClick(window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        for (const QChar c : words) // keyClicks() knows ASCII only
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
+    }
+
+    /// Saves, and agrees to what the review shows.
+    void clickSave() const
+    {
+        const ModalAnswer review("Сохранить");
+        QTest::mouseClick(save(), Qt::LeftButton);
+    }
+
+    /// Opens a menu of the bar with the mouse, goes on with the keys, and ends with the entry that the last text names,
+    /// all without mnemonics.
+    void choose(const QStringList &path) const
+    {
+        auto *bar = window->menuBar();
+        QAction *action = entry(bar, path.first());
+        QVERIFY2(action, qPrintable(path.first()));
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action).center());
+        for (const QString &text : path.mid(1)) {
+            QMenu *menu = action->menu();
+            QTRY_VERIFY(menu->isVisible());
+            action = entry(menu, text);
+            QVERIFY2(action, qPrintable(text));
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, action->menu() ? Qt::Key_Right : Qt::Key_Return);
+        }
+    }
 
     /// Goes to a page with the mouse.
     QWidget *go(DBGroups group) const
     {
-        for (int row = 0; row < list()->count(); ++row) {
-            if (settingsPages[row].group == group)
-                QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
-                                  list()->visualItemRect(list()->item(row)).center());
-        }
+        const QRect row = list()->visualItemRect(list()->itemOf(group));
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, row.center());
         return page();
     }
     template <typename Input>
@@ -79,11 +128,51 @@ public:
         go(DBGroups::Connection);
         editors::retype(input<QLineEdit>(MOBILE_HOST), text);
     }
-    bool isMarked(int row) const { return list()->item(row)->font().bold(); }
+    bool isMarked(DBGroups page) const { return list()->itemOf(page)->font().bold(); }
 
     InstallationDatabase database;
     SettingsSession session;
     std::unique_ptr<MainWindow> window;
+
+private:
+    static QAction *entry(const QWidget *menu, const QString &text)
+    {
+        for (QAction *action : menu->actions()) {
+            if (action->text().remove('&').section('\t', 0, 0) == text)
+                return action;
+        }
+        return nullptr;
+    }
+};
+
+/// Types a name into the file dialog that opens next, and closes the box behind it if there is one.
+class FileAnswer
+{
+public:
+    explicit FileAnswer(const QString &path)
+        : m_path(path)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
+        m_timer.start(1);
+    }
+    QString said() const { return m_said; }
+
+private:
+    void answer()
+    {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (auto *dialog = qobject_cast<QFileDialog *>(modal); dialog && dialog->isVisible()) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText(m_path);
+            QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+        } else if (auto *box = qobject_cast<QMessageBox *>(modal); box && box->isVisible()) {
+            m_said = box->text();
+            QTest::keyClick(box, Qt::Key_Escape);
+        }
+    }
+
+    QTimer m_timer;
+    QString m_path;
+    QString m_said;
 };
 
 class TestMainWindow : public QObject
@@ -100,6 +189,7 @@ private Q_SLOTS:
     void savingWritesAndCalmsDown();
     void ctrlSSaves();
     void revertBringsEverythingBack();
+    void anUndoLeadsToItsParameter();
     void aDependentFollows();
     void theLastPageAndTheSizeAreRemembered();
     void closingWithoutChangesAsksNothing();
@@ -120,6 +210,22 @@ private Q_SLOTS:
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void theKeyboardReachesEverything();
+    void aSearchLeadsToTheParameter();
+    void aSearchScrollsAndUnfolds();
+    void aSearchTellsThePages();
+    void changesAndProblemsCanBeFiltered();
+    void theMenuFindsSavesAndQuits();
+    void theLanguageChangesAtOnce();
+    void theLookChangesAtOnce();
+    void settingsAreExported();
+    void aReportIsWritten();
+    void theProgramTellsItsVersion();
+    void aSaveIsReviewed();
+    void theReasonIsRemembered();
+    void aFileIsImported();
+    void anUnreadableFileIsRefused();
+    void theHistoryRestores();
+    void leavingNamesTheChanges();
 
 private:
     QTemporaryDir m_config;
@@ -182,13 +288,13 @@ void TestMainWindow::anEditIsShownEverywhere()
     QVERIFY(window.revert()->isEnabled());
     QVERIFY(window.window->isWindowModified());
     QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
-    QVERIFY(window.isMarked(8));
-    QVERIFY(!window.isMarked(7));
+    QVERIFY(window.isMarked(DBGroups::Connection));
+    QVERIFY(!window.isMarked(DBGroups::PassRequests));
 
     window.go(DBGroups::Users);
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     QCOMPARE(window.changeText(), QString("Изменено настроек: 2"));
-    QVERIFY(window.isMarked(2) && window.isMarked(8));
+    QVERIFY(window.isMarked(DBGroups::Users) && window.isMarked(DBGroups::Connection));
 }
 
 void TestMainWindow::anEditPutBackIsNoChange()
@@ -199,7 +305,7 @@ void TestMainWindow::anEditPutBackIsNoChange()
     window.typeHost("mobile.installation.example");
     QVERIFY(!window.save()->isEnabled());
     QVERIFY(!window.window->isWindowModified());
-    QVERIFY(!window.isMarked(8));
+    QVERIFY(!window.isMarked(DBGroups::Connection));
 }
 
 void TestMainWindow::savingWritesAndCalmsDown()
@@ -207,7 +313,7 @@ void TestMainWindow::savingWritesAndCalmsDown()
     const TestDatabase database;
     const Window window(database);
     window.typeHost("saved");
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QVERIFY(!window.save()->isEnabled());
     QCOMPARE(window.changeText(), QString("Сохранение…"));
     QTRY_COMPARE(window.changeText(), QString("Несохранённых изменений нет"));
@@ -215,7 +321,7 @@ void TestMainWindow::savingWritesAndCalmsDown()
     QVERIFY(!window.save()->isEnabled());
     QVERIFY(!window.revert()->isEnabled());
     QVERIFY(!window.window->isWindowModified());
-    QVERIFY(!window.isMarked(8));
+    QVERIFY(!window.isMarked(DBGroups::Connection));
 
     const Window again(database);
     again.go(DBGroups::Connection);
@@ -228,6 +334,7 @@ void TestMainWindow::ctrlSSaves()
     const Window window(database);
     QApplication::setActiveWindow(window.window.get());
     window.typeHost("saved by keys");
+    const ModalAnswer review("Сохранить");
     QTest::keyClick(window.window->windowHandle(), Qt::Key_S, Qt::ControlModifier);
     QTRY_VERIFY(!window.window->isWindowModified());
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved by keys"));
@@ -247,6 +354,20 @@ void TestMainWindow::revertBringsEverythingBack()
     QVERIFY(!window.window->isWindowModified());
     QVERIFY(window.input<QCheckBox>(json::DENY_EQUAL)->isChecked());
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::anUndoLeadsToItsParameter()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.typeHost("edited");
+    window.go(DBGroups::Users);
+    QTest::keyClick(window.window->windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+    QCOMPARE(QApplication::focusWidget(), window.input<QWidget>(MOBILE_HOST));
+    QVERIFY(!window.window->isWindowModified());
 }
 
 void TestMainWindow::aDependentFollows()
@@ -325,7 +446,7 @@ void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
     QVERIFY(window.session.hasChanges());
 
     // A later save is no wish to leave.
-    const ModalAnswer mine(QStringList{"Все мои", "Записать выбранное"});
+    const ModalAnswer mine(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.session.hasChanges());
     QCoreApplication::processEvents();
@@ -337,7 +458,7 @@ void TestMainWindow::closingDuringASaveWaitsForIt()
     const TestDatabase database;
     const Window window(database);
     window.typeHost("saved");
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QVERIFY(!window.window->close());
     QTRY_VERIFY(!window.window->isVisible());
     QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
@@ -350,7 +471,7 @@ void TestMainWindow::theWindowLivesWhileItSaves()
     window.typeHost("saved");
     SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(other.execute("BEGIN IMMEDIATE"));
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QTRY_COMPARE(window.changeText(), QString("База данных занята другой программой. Ожидание…"));
     editors::retype(window.input<QSpinBox>(MOBILE_PORT), "90");
     QCOMPARE(window.input<QSpinBox>(MOBILE_PORT)->value(), 90);
@@ -367,7 +488,7 @@ void TestMainWindow::aSaveCanBeCancelled()
     window.typeHost("mine");
     SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
     QVERIFY(other.execute("BEGIN IMMEDIATE"));
-    QTest::mouseClick(window.save(), Qt::LeftButton);
+    window.clickSave();
     QTRY_VERIFY(window.changeText().contains("занята"));
     QTest::mouseClick(window.window->findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
     QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
@@ -410,7 +531,7 @@ void TestMainWindow::aConflictCanBeOverwritten()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Все мои", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
     QVERIFY(answer.wasGiven());
@@ -424,7 +545,7 @@ void TestMainWindow::aConflictCanBeLeft()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer("Вернуться");
+    const ModalAnswer answer(QStringList{"Сохранить", "Вернуться"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
@@ -440,7 +561,7 @@ void TestMainWindow::theirsCanBeTaken()
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Все из базы", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Все из базы", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.window->isWindowModified());
     QVERIFY(answer.wasGiven());
@@ -448,7 +569,7 @@ void TestMainWindow::theirsCanBeTaken()
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("theirs"));
     QCOMPARE(database.stored(MOBILE_HOST), QString("theirs"));
     QCOMPARE(database.stored(PASSWORD_EXPIRED), QString("30"));
-    QVERIFY(!window.isMarked(2));
+    QVERIFY(!window.isMarked(DBGroups::Users));
 }
 
 void TestMainWindow::unreadableJsonAsks_data()
@@ -471,7 +592,7 @@ void TestMainWindow::unreadableJsonAsks()
     const Window window(database);
     window.go(DBGroups::Employees);
     editors::click(window.input<QCheckBox>(json::DENY_EQUAL));
-    const ModalAnswer answer(button);
+    const ModalAnswer answer(QStringList{"Сохранить", button});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains("PT_PIN_STRENGTH"));
@@ -485,7 +606,7 @@ void TestMainWindow::aFailedSaveIsShown()
     const Window window(database);
     window.typeHost("canary");
     database.execute("ALTER TABLE settings RENAME TO gone");
-    const ModalAnswer answer("Закрыть");
+    const ModalAnswer answer(QStringList{"Сохранить", "Закрыть"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QVERIFY(answer.text().contains(database.path()));
@@ -529,6 +650,7 @@ void TestMainWindow::nothingIsCutOff()
     QVERIFY(bar->geometry().bottom() <= window.window->height());
     QVERIFY(window.save()->width() >= window.save()->sizeHint().width());
     QVERIFY(window.list()->sizeHintForColumn(0) <= window.list()->viewport()->width());
+    QVERIFY(!window.list()->verticalScrollBar()->isVisible());
 }
 
 void TestMainWindow::theKeyboardReachesEverything()
@@ -555,10 +677,283 @@ void TestMainWindow::theKeyboardReachesEverything()
                                    window.input<QWidget>(LOCKER_ACCESS_TOKEN),
                                    window.revert(),
                                    window.save(),
+                                   window.searchLine(),
+                                   window.changedFilter(),
                                    window.list()};
     QCOMPARE(visited, order);
+    const ModalAnswer review("Сохранить");
     QTest::keyClick(window.save(), Qt::Key_Space);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("x"));
+}
+
+void TestMainWindow::aSearchLeadsToTheParameter()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("порт");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    auto *port = window.input<QSpinBox>(MOBILE_PORT);
+    QVERIFY(port->isVisible());
+    QCOMPARE(QApplication::focusWidget(), port);
+
+    const QPointer<Spotlight> spotlight = window.window->findChild<Spotlight *>();
+    QVERIFY(spotlight && spotlight->isVisible());
+    QCOMPARE(spotlight->parentWidget(), editors::find(window.page(), MOBILE_PORT));
+    QCOMPARE(spotlight->rect(), spotlight->parentWidget()->rect());
+    QVERIFY(!window.session.hasChanges());
+    QTRY_VERIFY(!spotlight);
+}
+
+void TestMainWindow::aSearchScrollsAndUnfolds()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.window->resize(700, 300);
+    window.go(DBGroups::Employees);
+    for (auto *frame : window.page()->findChildren<VXSettingsGroupWidget *>())
+        frame->collapse();
+    window.window->showParameter({PIN_STRENGTH, json::MIN_LEN});
+    const auto *area = qobject_cast<QScrollArea *>(window.page());
+    const QWidget *editor = window.session.editor({PIN_STRENGTH, json::MIN_LEN});
+    QVERIFY(editor->isVisible());
+    const QRect seen(editor->mapTo(area->viewport(), QPoint()), editor->size());
+    QVERIFY(seen.top() >= 0 && seen.bottom() <= area->viewport()->height());
+    QVERIFY(area->verticalScrollBar()->value() > 0);
+}
+
+void TestMainWindow::aSearchTellsThePages()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("палец");
+    QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(),
+             QString("Сканирование отпечатков пальцев (5)"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(), QString("Сканирование отпечатков пальцев"));
+}
+
+void TestMainWindow::changesAndProblemsCanBeFiltered()
+{
+    const TestDatabase database;
+    {
+        const Window created(database);
+    }
+    database.store(MOBILE_PORT, "99999999");
+    const Window window(database);
+    const auto *problems = window.window->findChild<QToolButton *>("problemFilter");
+    QCOMPARE(problems->text(), QString("С ошибками (1)"));
+    QVERIFY(!window.changedFilter()->isEnabled());
+    window.typeHost("h");
+    QTest::mouseClick(window.changedFilter(), Qt::LeftButton);
+    const auto *results = window.window->findChild<SearchResults *>();
+    QVERIFY(results->isVisible());
+    QCOMPARE(results->hitCount(), 1);
+    QCOMPARE(results->currentAddress(), SettingAddress{MOBILE_HOST});
+}
+
+void TestMainWindow::theMenuFindsSavesAndQuits()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.choose({"Правка", "Найти…"});
+    QTRY_VERIFY(window.searchLine()->hasFocus());
+    window.typeHost("saved");
+    const ModalAnswer review("Сохранить");
+    window.choose({"Файл", "Сохранить"});
+    QTRY_VERIFY(!window.window->isWindowModified());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved"));
+    window.choose({"Файл", "Выход"});
+    QVERIFY(!window.window->isVisible());
+}
+
+void TestMainWindow::theLanguageChangesAtOnce()
+{
+    const TestDatabase database;
+    Translations translations("vxsettings-manager");
+    const Window window(database, &translations);
+    window.typeHost("edited");
+    const auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QCOMPARE(host->accessibleName(), QString("Хост"));
+
+    window.choose({"Вид", "Язык", "English"});
+    QTRY_COMPARE(host->accessibleName(), QString("Host"));
+    QCOMPARE(window.list()->itemOf(DBGroups::Connection)->text(), QString("Connection settings"));
+    QTRY_COMPARE(window.revert()->text(), QString("&Revert"));
+    QCOMPARE(Translations::remembered(), QString("en"));
+    QCOMPARE(host->text(), QString("edited"));
+    QCOMPARE(window.session.changedAddresses(), QVector<SettingAddress>{{MOBILE_HOST}});
+
+    QVERIFY(translations.choose("ru"));
+    QTRY_COMPARE(window.revert()->text(), QString("&Отменить"));
+    QCOMPARE(host->accessibleName(), QString("Хост"));
+    QCOMPARE(host->text(), QString("edited"));
+}
+
+void TestMainWindow::theLookChangesAtOnce()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QColor before = window.window->palette().color(QPalette::Window);
+    window.choose({"Вид", "Оформление", "Тёмное"});
+    QVERIFY(window.window->palette().color(QPalette::Window).lightness() < 128);
+    QCOMPARE(Theme::remembered(), Theme::Kind::Dark);
+    window.choose({"Вид", "Оформление", "Светлое"});
+    QVERIFY(window.window->palette().color(QPalette::Window).lightness() > 128);
+    QCOMPARE(Theme::remembered(), Theme::Kind::Light);
+    window.choose({"Вид", "Оформление", "Как в системе"});
+    QCOMPARE(window.window->palette().color(QPalette::Window), before);
+    QCOMPARE(Theme::remembered(), Theme::Kind::System);
+}
+
+void TestMainWindow::settingsAreExported()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const FileAnswer answer(folder.filePath("settings.json"));
+    window.choose({"Файл", "Экспорт…"});
+    QCOMPARE(answer.said(), folder.filePath("settings.json"));
+    const auto reading = SettingsDocument::read(folder.filePath("settings.json"));
+    QVERIFY2(reading.document, qPrintable(reading.error));
+    QCOMPARE(reading.document->settings().value(MOBILE_HOST), QString("mobile.installation.example"));
+    QVERIFY(!reading.document->settings().contains(LOCKER_ACCESS_TOKEN));
+}
+
+void TestMainWindow::aReportIsWritten()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const FileAnswer answer(folder.filePath("report.pdf"));
+    window.choose({"Файл", "Отчёт в PDF…"});
+    QCOMPARE(answer.said(), folder.filePath("report.pdf"));
+    QFile file(folder.filePath("report.pdf"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith("%PDF-"));
+}
+
+void TestMainWindow::theProgramTellsItsVersion()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QCoreApplication::setApplicationVersion("1.2.3");
+    const ModalAnswer answer("Закрыть");
+    window.choose({"Справка", "О программе"});
+    QVERIFY(answer.wasGiven());
+    QVERIFY2(answer.text().contains("Версия 1.2.3"), qPrintable(answer.text()));
+}
+
+void TestMainWindow::aSaveIsReviewed()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    const ModalAnswer answer("Вернуться");
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QVERIFY(answer.wasGiven());
+    QVERIFY2(answer.text().contains("Изменений: 1"), qPrintable(answer.text()));
+    QVERIFY(window.save()->isEnabled());
+    QVERIFY(!window.session.isSaving());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::theReasonIsRemembered()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.typeHost("mine");
+    QTimer::singleShot(0, [] {
+        auto *dialog = QApplication::activeModalWidget();
+        QTest::keyClicks(dialog->findChild<QLineEdit *>(), "moved");
+        QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+    QTest::mouseClick(window.save(), Qt::LeftButton);
+    QTRY_VERIFY(!window.window->isWindowModified());
+    QString reason;
+    window.database.history(MOBILE_HOST, [&](const DatabaseResult<QVector<HistoryRecord>> &read) {
+        reason = read.value.isEmpty() ? QString() : read.value.last().reason;
+    });
+    QTRY_COMPARE(reason, QString("moved"));
+}
+
+void TestMainWindow::aFileIsImported()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("in.json");
+    const auto wanted = SettingsDocument::of({{MOBILE_HOST, "imported"}}, SettingsDocument::Secrets::LeaveOut);
+    QVERIFY(!wanted.write(path));
+
+    const FileAnswer answer(path);
+    QTimer accept;
+    connect(&accept, &QTimer::timeout, [] {
+        if (auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget()))
+            QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    accept.start(1);
+    window.choose({"Файл", "Импорт…"});
+    QCOMPARE(window.session.changedAddresses(), QVector<SettingAddress>{{MOBILE_HOST}});
+    QCOMPARE(window.session.shownText({MOBILE_HOST}), QString("imported"));
+    QCOMPARE(window.list()->chosen(), DBGroups::Database);
+    QVERIFY(window.isMarked(DBGroups::Connection));
+}
+
+void TestMainWindow::anUnreadableFileIsRefused()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("in.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no JSON");
+    file.close();
+    const FileAnswer answer(file.fileName());
+    window.choose({"Файл", "Сравнить с файлом…"});
+    QVERIFY(!answer.said().isEmpty());
+    QVERIFY(!window.session.hasChanges());
+}
+
+void TestMainWindow::theHistoryRestores()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    window.clickSave();
+    QTRY_VERIFY(!window.window->isWindowModified());
+    window.go(DBGroups::Users);
+
+    QTimer restore;
+    connect(&restore, &QTimer::timeout, [&] {
+        auto *dialog = qobject_cast<HistoryDialog *>(QApplication::activeModalWidget());
+        auto *tree = dialog ? dialog->findChild<ChangeTree *>() : nullptr;
+        if (!tree || tree->settings().isEmpty())
+            return;
+        restore.stop();
+        tree->setCurrentItem(tree->settings().first());
+        for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
+            if (button->text() == "Вернуть &прежнее значение")
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    restore.start(1);
+    window.choose({"Правка", "История изменений…"});
+    QCOMPARE(window.list()->chosen(), DBGroups::Connection);
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+    QVERIFY(window.isMarked(DBGroups::Connection));
+}
+
+void TestMainWindow::leavingNamesTheChanges()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("mine");
+    const ModalAnswer answer("Вернуться");
+    QVERIFY(!window.window->close());
+    QVERIFY2(answer.text().contains("Хост: «mobile.installation.example» → «mine»"), qPrintable(answer.text()));
 }
 
 QTEST_MAIN(TestMainWindow)

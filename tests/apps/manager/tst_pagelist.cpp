@@ -1,6 +1,7 @@
 #include "pagelist.h"
 
 #include "messages.h"
+#include "translation.h"
 
 #include <host/settingspages.h>
 
@@ -18,6 +19,10 @@ private Q_SLOTS:
     void iconsStandOutFromTheirBackground();
     void clickChoosesAPage();
     void keysChooseAPage();
+    void keysStepOverHeadings();
+    void aHeadingCannotBeChosen();
+    void hitsAreTold();
+    void anotherLanguage();
     void chooseByProgram();
     void changedPagesAreMarked();
     void titlesAreNotCutOff();
@@ -31,12 +36,16 @@ void TestPageList::initTestCase()
 void TestPageList::allPagesAreListed()
 {
     const PageList list;
-    QStringList titles;
-    for (int row = 0; row < list.count(); ++row)
-        titles << list.item(row)->text();
-    QCOMPARE(titles, (QStringList{"База данных", "Сотрудники", "Пользователи", "Сканирование общие",
-                                  "Сканирование отпечатков пальцев", "Сканирование вен ладоней", "Сканирование лица",
-                                  "Заявки", "Настройки подключения", "Vantorix Studio", "Vantorix ID", "Интеграция"}));
+    QStringList rows;
+    for (int row = 0; row < list.count(); ++row) {
+        const QListWidgetItem *item = list.item(row);
+        rows << (item->flags() == Qt::NoItemFlags ? '[' + item->text() + ']' : item->text());
+    }
+    QCOMPARE(rows,
+             (QStringList{"[Общие]", "База данных", "Заявки", "[Люди]", "Сотрудники", "Пользователи", "[Биометрия]",
+                          "Сканирование общие", "Сканирование отпечатков пальцев", "Сканирование вен ладоней",
+                          "Сканирование лица", "[Мобильные приложения]", "Настройки подключения", "Vantorix Studio",
+                          "Vantorix ID", "[Внешние системы]", "Интеграция"}));
     QCOMPARE(list.chosen(), DBGroups::Database);
 }
 
@@ -54,14 +63,15 @@ void TestPageList::iconsStandOutFromTheirBackground()
     QPalette palette;
     palette.setColor(QPalette::Text, text);
     list.setPalette(palette);
-    for (int row = 0; row < list.count(); ++row) {
-        const QImage image = list.item(row)->icon().pixmap(24).toImage();
+    for (const SettingsPageName &page : settingsPages) {
+        const QListWidgetItem *item = list.itemOf(page.group);
+        const QImage image = item->icon().pixmap(24).toImage();
         bool drawn = false;
         for (int i = 0; i < image.width() * image.height(); ++i) {
             const QColor pixel = image.pixelColor(i % image.width(), i / image.width());
             drawn = drawn || (pixel.alpha() > 200 && qAbs(pixel.lightness() - text.lightness()) < 10);
         }
-        QVERIFY2(drawn, qPrintable(list.item(row)->text()));
+        QVERIFY2(drawn, qPrintable(item->text()));
     }
 }
 
@@ -73,7 +83,8 @@ void TestPageList::clickChoosesAPage()
     QVERIFY(QTest::qWaitForWindowExposed(&list));
     QVector<DBGroups> chosen;
     connect(&list, &PageList::pageChosen, [&](DBGroups group) { chosen << group; });
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(8)).center());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualItemRect(list.itemOf(DBGroups::Connection)).center());
     QCOMPARE(chosen, QVector<DBGroups>{DBGroups::Connection});
     QCOMPARE(list.chosen(), DBGroups::Connection);
 }
@@ -88,6 +99,69 @@ void TestPageList::keysChooseAPage()
     QCOMPARE(list.chosen(), DBGroups::MobileId);
     QTest::keyClicks(&list, "van");
     QCOMPARE(list.chosen(), DBGroups::StudioMobile);
+    QTest::keyClick(&list, Qt::Key_Home);
+    QCOMPARE(list.chosen(), DBGroups::Database);
+}
+
+void TestPageList::keysStepOverHeadings()
+{
+    PageList list;
+    list.show();
+    QVector<DBGroups> chosen;
+    connect(&list, &PageList::pageChosen, [&](DBGroups group) { chosen << group; });
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(&list, Qt::Key_Down);
+    for (int i = 0; i < 6; ++i)
+        QTest::keyClick(&list, Qt::Key_Up);
+    QCOMPARE(chosen,
+             (QVector<DBGroups>{DBGroups::PassRequests, DBGroups::Employees, DBGroups::Users, DBGroups::ScanningCommon,
+                                DBGroups::Users, DBGroups::Employees, DBGroups::PassRequests, DBGroups::Database}));
+    QTest::keyClick(&list, Qt::Key_PageDown);
+    QTest::keyClick(&list, Qt::Key_PageUp);
+    QCOMPARE(list.chosen(), DBGroups::Database);
+}
+
+void TestPageList::aHeadingCannotBeChosen()
+{
+    PageList list;
+    list.resize(list.sizeHint().width(), 600);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const QListWidgetItem *heading = list.item(list.row(list.itemOf(DBGroups::Employees)) - 1);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(heading).center());
+    QCOMPARE(list.chosen(), DBGroups::Database);
+    QVERIFY(!heading->isSelected());
+}
+
+void TestPageList::hitsAreTold()
+{
+    PageList list;
+    const QListWidgetItem *users = list.itemOf(DBGroups::Users);
+    list.setHits({{DBGroups::Users, 3}});
+    QCOMPARE(users->text(), QString("Пользователи (3)"));
+    QCOMPARE(list.itemOf(DBGroups::Employees)->text(), QString("Сотрудники"));
+    list.setChanged(DBGroups::Users, true);
+    QCOMPARE(users->text(), QString("Пользователи (3)"));
+    list.setHits({});
+    QCOMPARE(users->text(), QString("Пользователи"));
+    QVERIFY(users->font().bold());
+}
+
+void TestPageList::anotherLanguage()
+{
+    PageList list;
+    list.setHits({{DBGroups::Users, 3}});
+    list.setChanged(DBGroups::Users, true);
+    const InstalledTranslation english({{"PageList", "Общие", "General"},
+                                        {"PageList", "Страницы настроек", "Settings pages"},
+                                        {"QObject", "Пользователи", "Users"}});
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(&list, &change);
+    QCOMPARE(list.item(0)->text(), QString("General"));
+    QCOMPARE(list.itemOf(DBGroups::Users)->text(), QString("Users (3)"));
+    QVERIFY(list.itemOf(DBGroups::Users)->font().bold());
+    QCOMPARE(list.accessibleName(), QString("Settings pages"));
+    QCOMPARE(list.chosen(), DBGroups::Database);
 }
 
 void TestPageList::chooseByProgram()
@@ -103,19 +177,24 @@ void TestPageList::changedPagesAreMarked()
 {
     PageList list;
     list.setChanged(DBGroups::Users, true);
-    QVERIFY(list.item(2)->font().bold());
-    QCOMPARE(list.item(2)->toolTip(), QString("Есть несохранённые изменения"));
-    QVERIFY(!list.item(1)->font().bold());
+    const QListWidgetItem *users = list.itemOf(DBGroups::Users);
+    QVERIFY(users->font().bold());
+    QCOMPARE(users->toolTip(), QString("Есть несохранённые изменения"));
+    QVERIFY(!list.itemOf(DBGroups::Employees)->font().bold());
     list.setChanged(DBGroups::Users, false);
-    QVERIFY(!list.item(2)->font().bold());
-    QCOMPARE(list.item(2)->toolTip(), QString());
+    QVERIFY(!users->font().bold());
+    QCOMPARE(users->toolTip(), QString());
 }
 
 void TestPageList::titlesAreNotCutOff()
 {
     PageList list;
-    for (const SettingsPageName &page : settingsPages)
+    QMap<DBGroups, int> hits;
+    for (const SettingsPageName &page : settingsPages) {
         list.setChanged(page.group, true);
+        hits.insert(page.group, 42);
+    }
+    list.setHits(hits);
     list.resize(list.sizeHint().width(), 600);
     list.show();
     // What the view itself finds its widest row to be.

@@ -17,6 +17,9 @@ private Q_SLOTS:
     void replaceUnreadable();
     void leave_data();
     void leave();
+    void manyChangesAreCutShort();
+    void restoreDraft_data();
+    void restoreDraft();
     void showError();
     void showUnknown();
 };
@@ -59,9 +62,37 @@ void TestSaveQuestions::leave()
 {
     QFETCH(QString, button);
     const ModalAnswer given(button);
-    QTEST(int(SaveQuestions::leave(nullptr, 3)), "leaving");
+    const QVector<SettingChange> changes(3, {{db::database::MOBILE_PORT}, "80", "443"});
+    QTEST(int(SaveQuestions::leave(nullptr, changes)), "leaving");
     QVERIFY(given.wasGiven());
     QVERIFY2(given.text().contains("Изменено настроек: 3. Сохранить изменения?"), qPrintable(given.text()));
+    QVERIFY2(given.text().contains("Порт: 80 → 443"), qPrintable(given.text()));
+}
+
+void TestSaveQuestions::manyChangesAreCutShort()
+{
+    const ModalAnswer given("Вернуться");
+    SaveQuestions::leave(nullptr, QVector<SettingChange>(15, {{db::database::MOBILE_PORT}, "80", "443"}));
+    QCOMPARE(given.text().count("Порт: 80 → 443"), 12);
+    QVERIFY2(given.text().contains("…и ещё: 3"), qPrintable(given.text()));
+}
+
+void TestSaveQuestions::restoreDraft_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("restored");
+    QTest::newRow("restore") << "Восстановить" << true;
+    QTest::newRow("delete") << "Удалить черновик" << false;
+    QTest::newRow("escape loses nothing") << QString() << true;
+}
+
+void TestSaveQuestions::restoreDraft()
+{
+    QFETCH(QString, button);
+    const ModalAnswer given(button);
+    QTEST(SaveQuestions::restoreDraft(nullptr, {"an edit"}, QDateTime::currentDateTimeUtc()), "restored");
+    QVERIFY(given.wasGiven());
+    QVERIFY2(given.text().contains("an edit"), qPrintable(given.text()));
 }
 
 void TestSaveQuestions::showError()

@@ -8,6 +8,6 @@ mapfile -t scripts < <(git ls-files --cached --others --exclude-standard 'script
 
 clang-format --dry-run --Werror "${sources[@]}"
 shellcheck "${scripts[@]}"
-git ls-files -z --cached --others --exclude-standard ':!*.ts' ':!*.svg' ':!*.png' | xargs -0 codespell --ignore-words-list=canbe,childs,childrens
+git ls-files -z --cached --others --exclude-standard ':!*.ts' ':!*.svg' ':!*.png' | xargs -0 codespell --ignore-words-list=canbe,hastables,childs,childrens
 scripts/check-translations.sh
 echo "${#sources[@]} sources and ${#scripts[@]} scripts are clean"

@@ -62,8 +62,8 @@ private:
 
 namespace {
 
-const QKeySequence undoKeys(Qt::CTRL | Qt::Key_Z);
-const QKeySequence redoKeys(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+const QKeySequence undoKeys(QStringLiteral("Ctrl+Z"));
+const QKeySequence redoKeys(QStringLiteral("Ctrl+Shift+Z"));
 
 bool isUndoOrRedo(const QKeyEvent &event)
 {

@@ -75,6 +75,9 @@ inline std::optional<QString> fromUtf8(const QByteArray &bytes)
 #endif
 }
 
+/// The type name of what the PostgreSQL driver gives as its handle. Qt 6 looks through the alias.
+constexpr const char *postgreSqlHandle = isQt6 ? "pg_conn*" : "PGconn*";
+
 /// The type of a value, as an SQL field takes it. The enumeration has become a class.
 inline auto typeOf(const QVariant &value)
 {

@@ -76,7 +76,7 @@ void DatabaseLocation::readServer(const QString &text)
     m_port = url.port(0);
     m_user = url.userName();
     m_database = url.path().mid(1);
-    if (!url.password().isNull())
+    if (url.userInfo(QUrl::FullyEncoded).contains(QLatin1Char(':')))
         m_problem = tr("Пароль в адресе базы данных увидели бы другие пользователи компьютера. Уберите его оттуда и "
                        "запишите в файл ~/.pgpass (или PGPASSFILE) либо передайте в переменной PGPASSWORD.");
     else if (url.hasQuery() || url.hasFragment())

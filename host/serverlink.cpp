@@ -1,5 +1,7 @@
 #include "serverlink.h"
 
+#include <qtcompat.h>
+
 #include <QSqlDatabase>
 #include <QSqlDriver>
 
@@ -15,7 +17,7 @@ namespace {
 pg_conn *connectionOf(const QSqlDatabase &database)
 {
     const QVariant handle = database.driver()->handle();
-    const bool isPostgreSql = handle.isValid() && std::strcmp(handle.typeName(), "PGconn*") == 0;
+    const bool isPostgreSql = handle.isValid() && std::strcmp(handle.typeName(), qtcompat::postgreSqlHandle) == 0;
     return isPostgreSql ? *static_cast<pg_conn *const *>(handle.constData()) : nullptr;
 }
 /// As the server numbers them.

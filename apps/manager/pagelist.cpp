@@ -180,12 +180,30 @@ void PageList::changeEvent(QEvent *event)
 
 QModelIndex PageList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
+    // Qt 6 stops at headings on the way.
+    if (action == MovePageUp || action == MovePageDown)
+        return scrolledCursor(action == MovePageUp ? -1 : 1);
     const QModelIndex target = QListWidget::moveCursor(action, modifiers);
     if (!target.isValid() || isPage(itemFromIndex(target)))
         return target;
     // A page stands below every heading; only from a page's own heading the way up is at its end.
     const bool isUpwards = action == MoveUp || action == MovePrevious;
     return target.sibling(target.row() + (isUpwards && target.row() > 0 ? -1 : 1), 0);
+}
+
+QModelIndex PageList::scrolledCursor(int direction) const
+{
+    const int reach = viewport()->height();
+    const int start = visualRect(currentIndex()).top();
+    QModelIndex farthest = currentIndex();
+    for (int row = farthest.row() + direction; row >= 0 && row < count(); row += direction) {
+        const QModelIndex next = model()->index(row, 0);
+        if (qAbs(visualRect(next).top() - start) > reach)
+            break;
+        if (isPage(item(row)))
+            farthest = next;
+    }
+    return farthest;
 }
 
 void PageList::retranslate()

@@ -39,6 +39,8 @@ private:
     void addHeading();
     void addPage(DBGroups group);
     void describe(QListWidgetItem *item) const;
+    /// The farthest page within the height of the list, down with @p direction 1, up with -1.
+    QModelIndex scrolledCursor(int direction) const;
     void retranslate();
     void paint();
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QProcess>
+#include "childprocess.h"
+
 #include <QTemporaryDir>
 
 #include <grp.h>
@@ -8,7 +9,7 @@
 
 /// A program of this project as somebody starts it, without a display, in an environment without any settings of the
 /// person who tests. It is killed if it does not end in time.
-class BoundedProgram : public QProcess
+class BoundedProgram : public ChildProcess
 {
 public:
     BoundedProgram(const QString &program, const QStringList &arguments, const QString &database)
@@ -60,7 +61,7 @@ public:
     QByteArray err;
 
 protected:
-    void setupChildProcess() override
+    void prepareChild() override
     {
         constexpr uid_t nobody = 65534;
         if (m_asNobody && (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0))

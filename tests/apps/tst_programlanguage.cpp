@@ -213,9 +213,9 @@ void TestProgramLanguage::translationsMoveWithTheProgram()
     QFETCH(QString, prefix);
     const QTemporaryDir folder;
     const QString moved = folder.filePath(prefix);
-    const QString translations = QFileInfo(ctl).path() + "/../share/vxsettings/translations";
+    const QString translations = QFileInfo(ctl).path() + "/../" TRANSLATIONS;
     for (const QFileInfo &file : QDir(translations).entryInfoList({"*.qm"}))
-        copy(file.filePath(), moved + "/share/vxsettings/translations/" + file.fileName());
+        copy(file.filePath(), moved + "/" TRANSLATIONS "/" + file.fileName());
     for (const QString &path : {manager, ctl}) {
         const QString program = moved + "/bin/" + QFileInfo(path).fileName();
         copy(path, program);

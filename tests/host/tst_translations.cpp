@@ -118,8 +118,7 @@ void TestTranslations::languagesThatThereAre()
 
 void TestTranslations::foldersAndFiles()
 {
-    QCOMPARE(Translations::folder(),
-             QFileInfo(QCoreApplication::applicationDirPath()).path() + "/share/vxsettings/translations");
+    QCOMPARE(Translations::folder(), QFileInfo(QCoreApplication::applicationDirPath()).path() + "/" TRANSLATIONS);
     for (const char *name : {"vantorix", "vxsettings", "vxsettings-manager", "vxsettingsctl"}) {
         for (const QString &language : Translations::languages())
             QVERIFY2(QFileInfo::exists(Translations::folder() + QString("/%1_%2.qm").arg(name, language)), name);

@@ -1,3 +1,4 @@
+#include "childprocess.h"
 #include "commandtable.h"
 #include "messages.h"
 #include "terminal.h"
@@ -82,7 +83,7 @@ Output run(const QString &program, const QStringList &arguments)
 
 /// A shell that somebody types in. It has the completions, and instead of the program a function that tells what the
 /// program would have been given, in a folder with two files.
-class TypedShell : public QProcess
+class TypedShell : public ChildProcess
 {
 public:
     explicit TypedShell(const Shell &shell)
@@ -122,7 +123,7 @@ public:
     }
 
 protected:
-    void setupChildProcess() override
+    void prepareChild() override
     {
         setsid();
         ioctl(STDIN_FILENO, TIOCSCTTY, 0);

@@ -83,7 +83,7 @@ void TestDisabledHints::theMenuLeadsToTheSwitch()
     connect(&menu, &ParameterMenu::parameterWanted, this, [&wanted](const auto &address) { wanted << address; });
     pages.open(DBGroups::FaceScanning);
 
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, pages.editor(faceSize)->mapToGlobal({1, 1}));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, pages.editor(faceSize)->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(pages.input<QWidget>(faceSize), &event);
     auto *shown = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(shown);

@@ -797,13 +797,13 @@ void TestMainWindow::theLookChangesAtOnce()
     const Window window(database);
     const QColor before = window.window->palette().color(QPalette::Window);
     window.choose({"Вид", "Оформление", "Тёмное"});
-    QVERIFY(window.window->palette().color(QPalette::Window).lightness() < 128);
+    QTRY_VERIFY(window.window->palette().color(QPalette::Window).lightness() < 128);
     QCOMPARE(Theme::remembered(), Theme::Kind::Dark);
     window.choose({"Вид", "Оформление", "Светлое"});
-    QVERIFY(window.window->palette().color(QPalette::Window).lightness() > 128);
+    QTRY_VERIFY(window.window->palette().color(QPalette::Window).lightness() > 128);
     QCOMPARE(Theme::remembered(), Theme::Kind::Light);
     window.choose({"Вид", "Оформление", "Как в системе"});
-    QCOMPARE(window.window->palette().color(QPalette::Window), before);
+    QTRY_COMPARE(window.window->palette().color(QPalette::Window), before);
     QCOMPARE(Theme::remembered(), Theme::Kind::System);
 }
 

@@ -1,10 +1,10 @@
+#include "childprocess.h"
 #include "host/testdatabase.h"
 #include "messages.h"
 
 #include <host/sampleinstallation.h>
 
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
@@ -20,7 +20,7 @@ namespace {
 constexpr uid_t nobody = 65534;
 
 /// The program, run without a display, in an environment without any settings of the person who tests.
-class Program : public QProcess
+class Program : public ChildProcess
 {
 public:
     explicit Program(const QStringList &arguments, const QStringList &variables = {})
@@ -55,7 +55,7 @@ public:
     QString err;
 
 protected:
-    void setupChildProcess() override
+    void prepareChild() override
     {
         if (m_asNobody && (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0))
             _exit(99);

@@ -1,0 +1,29 @@
+# Sourced by the scripts that keep the promise about the libraries' binary interface. They work on a build without exports
+# for tests, BUILD_DIR, which is made if it is not there.
+
+libraries=(vxsettings vxwidgets vxstyles localstorage)
+
+build_libraries() { # BUILD_DIR
+    if [[ ! -e $1/CMakeCache.txt ]]; then
+        cmake -S . -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
+    fi
+    cmake --build "$1" --target "${libraries[@]}"
+}
+
+# Folders of LIBRARY's headers: those that are written, then the generated ones.
+header_folders() { # BUILD_DIR LIBRARY
+    if [[ $2 == vxsettings ]]; then
+        printf '%s\n' include "$1/src/include"
+    else
+        printf '%s\n' "platform/$2/include" "$1/platform/$2/include"
+    fi
+}
+
+# What LIBRARY promises to programs that are already built. Types of other makers count by name alone.
+describe_library() { # BUILD_DIR LIBRARY
+    local options
+    mapfile -t options < <(header_folders "$@" | sed 's/^/--headers-dir=/; s/=/\n/')
+    abidw "${options[@]}" --drop-private-types --exported-interfaces-only --no-architecture --no-elf-needed \
+        --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names "$1/lib/lib$2.so" |
+        scripts/prune-abi.py
+}

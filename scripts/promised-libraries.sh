@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the scripts that keep the promise about the libraries' binary interface. They work on a build without exports
 # for tests, BUILD_DIR, which is made if it is not there.
 
@@ -24,6 +25,6 @@ describe_library() { # BUILD_DIR LIBRARY
     local options
     mapfile -t options < <(header_folders "$@" | sed 's/^/--headers-dir=/; s/=/\n/')
     abidw "${options[@]}" --drop-private-types --exported-interfaces-only --no-architecture --no-elf-needed \
-        --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names "$1/lib/lib$2.so" |
+        --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names --type-id-style hash "$1/lib/lib$2.so" |
         scripts/prune-abi.py
 }

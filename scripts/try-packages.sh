@@ -20,7 +20,7 @@ fi
 base=${XDG_CACHE_HOME:-$HOME/.cache}/vxsettings/bookworm.tar
 mirror=${VXSETTINGS_DEBIAN_MIRROR:-http://deb.debian.org/debian}
 work=$(mktemp -d)
-trap 'umount "$work"/*/proc || true; rm -rf --one-file-system "$work"' EXIT
+trap 'umount "$work"/*/proc 2> /dev/null || true; rm -rf --one-file-system "$work"' EXIT
 programs=(vxsettings-manager vxsettingsctl libvxsettings-doc)
 
 fail() {
@@ -42,6 +42,7 @@ make_base() {
     [[ ! -e $base ]] || return 0
     quietly debootstrap --variant=minbase bookworm "$work/base" "$mirror"
     tar --create --file "$base.new" --directory "$work/base" .
+    rm -r "$work/base"
     mv "$base.new" "$base"
 }
 
@@ -52,7 +53,8 @@ unpack() {
     tar --extract --file "$base" --directory "$root"
     mount -t proc proc "$root/proc"
     cp /etc/resolv.conf "$root/etc/resolv.conf"
-    mkdir "$root/packages" "$root/tmp/home"
+    mkdir "$root/packages"
+    mkdir -m 700 "$root/tmp/home"
     cp "$packages"/*.deb "$root/packages"
     (cd "$root" && dpkg-scanpackages packages > packages/Packages 2> "$work/log")
     echo "deb [trusted=yes] file:/ packages/" > "$root/etc/apt/sources.list.d/packages.list"
@@ -66,7 +68,7 @@ inside() {
 without_network=()
 
 install_packages() {
-    quietly inside apt-get install --yes --no-install-recommends "$@"
+    quietly inside apt-get install --yes --no-install-recommends -o Dpkg::Use-Pty=false "$@"
 }
 
 # prepare PACKAGES...: fetches all that they depend on, and installs it as far as it was not built here. No network after
@@ -78,13 +80,13 @@ prepare() {
     without_network=(unshare --net)
     mapfile -t needed < <(inside apt-get install --simulate --no-install-recommends "$@" |
         awk '/^Inst/ && !/localhost|packages/ { print $2 }')
-    install_packages --no-download "${needed[@]}"
+    install_packages "${needed[@]}"
 }
 
-# What is on the disk, but for logs and the notes of apt.
+# What is on the disk, but for logs, the notes of apt, and pages that "man" keeps once they were read.
 files() {
     find "$root" -xdev -printf '%P %y %m %U:%G %l\n' |
-        grep -vE '^(proc|packages|tmp|root|var/log|var/cache/apt|var/lib/apt)(/| )' | sort
+        grep -vE '^(proc|packages|tmp|root|var/log|var/cache/apt|var/lib/apt|var/cache/man/(ru/)?cat1)(/| )' | sort
 }
 
 check_programs() {
@@ -105,7 +107,7 @@ try_programs() {
     unpack programs
     prepare "${programs[@]}"
     files > "$work/before"
-    install_packages --no-download "${programs[@]}"
+    install_packages "${programs[@]}"
     check_programs
     mapfile -t ours < <(sed -n 's/^Package: //p' "$root/packages/Packages")
     quietly inside apt-get purge --yes "${ours[@]}"
@@ -118,7 +120,7 @@ try_host() {
     local build_tools=(g++ cmake make pkg-config)
     unpack host
     prepare "${build_tools[@]}" libvxsettings-dev
-    install_packages --no-download libvxsettings-dev
+    install_packages libvxsettings-dev
     cp -r "$work/source" "$root/tmp"
     quietly inside sh -c 'cd /tmp/source && debian/tests/minimal-host'
     echo "The minimal host builds and runs with libvxsettings-dev alone, and without a network"

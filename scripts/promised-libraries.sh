@@ -1,13 +1,11 @@
 # shellcheck shell=bash
-# Sourced by the scripts that keep the promise about the libraries' binary interface. They work on a build without exports
-# for tests, BUILD_DIR, which is made if it is not there.
+# Sourced by the scripts that keep the promise about the libraries' binary interface. They build the libraries once more in
+# BUILD_DIR: without exports for tests, and without an optimiser that makes one symbol of two functions.
 
 libraries=(vxsettings vxwidgets vxstyles localstorage)
 
 build_libraries() { # BUILD_DIR
-    if [[ ! -e $1/CMakeCache.txt ]]; then
-        cmake -S . -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DBUILD_TESTING=OFF
-    fi
+    cmake -S . -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS= -DBUILD_TESTING=OFF
     cmake --build "$1" --target "${libraries[@]}"
 }
 
@@ -22,9 +20,12 @@ header_folders() { # BUILD_DIR LIBRARY
 
 # What LIBRARY promises to programs that are already built. Types of other makers count by name alone.
 describe_library() { # BUILD_DIR LIBRARY
-    local options
-    mapfile -t options < <(header_folders "$@" | sed 's/^/--headers-dir=/; s/=/\n/')
-    abidw "${options[@]}" --drop-private-types --exported-interfaces-only --no-architecture --no-elf-needed \
-        --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names --type-id-style hash "$1/lib/lib$2.so" |
-        scripts/prune-abi.py
+    local folder folders options=()
+    mapfile -t folders < <(header_folders "$@")
+    for folder in "${folders[@]}"; do
+        options+=(--headers-dir "$folder")
+    done
+    abidw "${options[@]}" --drop-private-types --exported-interfaces-only --no-architecture \
+        --no-elf-needed --no-corpus-path --no-comp-dir-path --no-parameter-names --type-id-style hash \
+        "$1/lib/lib$2.so" | scripts/prune-abi.py "${folders[@]}"
 }

@@ -13,8 +13,8 @@ run_packages=(
 )
 test_packages=(
     appstream clang clang-format clang-tidy codespell desktop-file-utils fish gcovr git groff-base libbenchmark-dev
-    librapidcheck-dev man-db pkg-config postgresql postgresql-common python3 shellcheck sqlite3 strace valgrind xauth
-    xvfb zsh
+    librapidcheck-dev man-db pkg-config postgresql postgresql-common python3 python3-jsonschema shellcheck sqlite3 strace
+    valgrind xauth xvfb zsh
 )
 
 packages=("${run_packages[@]}")

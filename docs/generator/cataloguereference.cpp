@@ -207,7 +207,7 @@ QString CatalogueReference::values(const QString &parameter) const
     case DBSettingsType::SpinBox:
         return range(parameter);
     case DBSettingsType::JsonGroup:
-        return QStringLiteral("[members](#members-of-%1)").arg(parameter.toLower());
+        return QStringLiteral("its members, below");
     default:
         return {};
     }

@@ -24,6 +24,9 @@ class Ui_DBParamWidget;
 /// From the moment it is first shown, the input widget bears the caption as its accessible name; its accessible
 /// description is the tool tip, the words of the mark and the problem. The frame hands the focus on to the input
 /// widget.
+///
+/// In a form, the dynamic property "parameter" names a parameter of the catalogue, which gives the editor its key,
+/// caption, choices, range, special value and tool tip. Any other text changes nothing.
 class VXSETTINGS_EXPORT DBParamWidget : public QWidget
 {
     Q_OBJECT
@@ -114,6 +117,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void followParameterProperty();
     void keepCaptionsWhole();
     void placeMark();
     void placeProblem();

@@ -60,11 +60,12 @@ QString code(const QString &text)
     return QLatin1Char('`') + text + QLatin1Char('`');
 }
 
-QString codeList(QStringList texts)
+QString codeList(const QStringList &texts)
 {
-    for (QString &text : texts)
-        text = code(text);
-    return texts.join(QStringLiteral(", "));
+    QStringList coded;
+    for (const QString &text : texts)
+        coded.append(code(text));
+    return coded.join(QStringLiteral(", "));
 }
 
 bool isJsonSetting(const QString &parameter)

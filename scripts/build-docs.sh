@@ -18,7 +18,7 @@ pages = {page.name: page.read_text(encoding="utf-8") for page in folder.glob("*.
 targets = {name: set(re.findall(r'(?:id|name)="([^"]+)"', text)) for name, text in pages.items()}
 broken = set()
 for name, text in pages.items():
-    for link in re.findall(r'(?:href|src)="([^"]*)"', text):
+    for link in re.findall(r'(?:href|src|data)="([^"]*)"', text):
         if re.match(r"[a-z]+:", link):
             continue
         path, _, place = urllib.parse.unquote(link).partition("#")

@@ -336,42 +336,6 @@ For help: vxsettingsctl --help</translation>
 <context>
     <name>DescribeCommand</name>
     <message>
-        <source>да или нет</source>
-        <translation>yes or no</translation>
-    </message>
-    <message>
-        <source>выбор</source>
-        <translation>choice</translation>
-    </message>
-    <message>
-        <source>строка</source>
-        <translation>text</translation>
-    </message>
-    <message>
-        <source>число</source>
-        <translation>number</translation>
-    </message>
-    <message>
-        <source>объект JSON</source>
-        <translation>JSON object</translation>
-    </message>
-    <message>
-        <source>только для чтения</source>
-        <translation>read-only</translation>
-    </message>
-    <message>
-        <source>пароль или токен</source>
-        <translation>password or token</translation>
-    </message>
-    <message>
-        <source>подразделение</source>
-        <translation>department</translation>
-    </message>
-    <message>
-        <source>профиль смарткарт</source>
-        <translation>smart card profile</translation>
-    </message>
-    <message>
         <source>Ключ:</source>
         <translation>Key:</translation>
     </message>
@@ -628,6 +592,45 @@ For help: vxsettingsctl --help</translation>
     <message>
         <source>КОДЫ ЗАВЕРШЕНИЯ</source>
         <translation>EXIT STATUS</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterKind</name>
+    <message>
+        <source>да или нет</source>
+        <translation>yes or no</translation>
+    </message>
+    <message>
+        <source>выбор</source>
+        <translation>choice</translation>
+    </message>
+    <message>
+        <source>строка</source>
+        <translation>text</translation>
+    </message>
+    <message>
+        <source>число</source>
+        <translation>number</translation>
+    </message>
+    <message>
+        <source>объект JSON</source>
+        <translation>JSON object</translation>
+    </message>
+    <message>
+        <source>только для чтения</source>
+        <translation>read-only</translation>
+    </message>
+    <message>
+        <source>пароль или токен</source>
+        <translation>password or token</translation>
+    </message>
+    <message>
+        <source>подразделение</source>
+        <translation>department</translation>
+    </message>
+    <message>
+        <source>профиль смарткарт</source>
+        <translation>smart card profile</translation>
     </message>
 </context>
 <context>

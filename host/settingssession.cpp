@@ -90,6 +90,21 @@ ChangeStamp SettingsSession::stamp(const QString &key) const
     return m_stored.stamps.value(key);
 }
 
+PageAccess SettingsSession::access() const
+{
+    return PageAccess::in(m_stored.settings);
+}
+
+bool SettingsSession::mayEdit(DBGroups page) const
+{
+    return m_authority == Authority::Administrator || access().mayEdit(page);
+}
+
+void SettingsSession::setAuthority(Authority authority)
+{
+    m_authority = authority;
+}
+
 QWidget *SettingsSession::openPage(DBGroups group, QWidget *parent)
 {
     if (!isOpen(group))
@@ -237,6 +252,22 @@ void SettingsSession::save(const QString &reason, Unreadable unreadable)
 bool SettingsSession::isSaving() const
 {
     return m_save.has_value();
+}
+
+void SettingsSession::saveAccess(const QString &text, qint64 seen, const QString &reason,
+                                 const std::function<void(const SaveResult &)> &done)
+{
+    SaveOrder order{{{PageAccess::KEY, text}}, m_stored, reason, Authority::Administrator};
+    order.base.revisions.insert(PageAccess::KEY, seen);
+    m_database.save(order, [self = QPointer<SettingsSession>(this), done](const SaveResult &result) {
+        if (!self)
+            return;
+        if (result.isDone())
+            self->adopt(self->m_database.installation());
+        if (result.outcome == SaveResult::Outcome::Conflicting)
+            self->adopt(withTheirs(self->m_stored, result.conflicts));
+        done(result);
+    });
 }
 
 SettingsPage *SettingsSession::page(DBGroups group) const
@@ -410,7 +441,7 @@ void SettingsSession::sendSave()
         return;
     }
     m_save->texts = textsOf(m_save->edits);
-    m_database.save(m_save->texts, m_stored, m_save->reason,
+    m_database.save({m_save->texts, m_stored, m_save->reason, m_authority},
                     [self = QPointer<SettingsSession>(this)](const SaveResult &result) {
                         if (self)
                             self->receiveSave(result);
@@ -421,6 +452,8 @@ std::optional<SaveResult> SettingsSession::refusal()
 {
     if (m_save->edits.isEmpty())
         return SaveResult::nothingToDo();
+    if (const QStringList forbidden = forbiddenKeys(); !forbidden.isEmpty())
+        return SaveResult::forbidden(forbidden);
     if (const QVector<SettingEdit> clashing = clashes(m_save->edits); !clashing.isEmpty())
         return conflicting(clashing);
 
@@ -459,6 +492,17 @@ QStringList SettingsSession::unreadableKeys() const
     }
     keys.sort();
     return keys;
+}
+
+QStringList SettingsSession::forbiddenKeys() const
+{
+    if (m_authority == Authority::Administrator)
+        return {};
+    QStringList keys;
+    for (const SettingEdit &edit : m_save->edits)
+        keys.append(edit.address.key);
+    keys.removeDuplicates();
+    return access().locked(keys);
 }
 
 void SettingsSession::receiveSave(const SaveResult &result)

@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "accessdialog.h"
 #include "changebar.h"
 #include "conflictdialog.h"
 #include "edithistory.h"
@@ -15,6 +16,7 @@
 #include "settingsfiles.h"
 #include "spotlight.h"
 
+#include <host/pageaccesswords.h>
 #include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
@@ -113,6 +115,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
+    connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::showLocks);
     // Not from within the signal, which a dialog would hold up.
     connect(&m_session, &SettingsSession::saveFinished, this,
             [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
@@ -126,6 +129,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     restoreView();
     showPage(m_list->chosen());
     findStoredProblems();
+    showLocks();
     m_list->setFocus();
 }
 
@@ -176,6 +180,7 @@ void MainWindow::connectMenu()
     connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
     connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
     connect(m_menu, &MainMenu::historyRequested, this, &MainWindow::showHistory);
+    connect(m_menu, &MainMenu::accessRequested, this, &MainWindow::showAccess);
     connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
     connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
@@ -196,6 +201,7 @@ void MainWindow::retranslate()
 {
     setWindowTitle(tr("%1[*] — Настройки базы данных").arg(m_database.location().shortName()));
     m_session.retranslate();
+    showLocks();
 }
 
 void MainWindow::showPage(DBGroups group)
@@ -206,8 +212,10 @@ void MainWindow::showPage(DBGroups group)
 PageArea *MainWindow::openArea(DBGroups group)
 {
     PageArea *&area = m_areas[int(group)];
-    if (!area)
+    if (!area) {
         area = createPage(group);
+        showLocks();
+    }
     return area;
 }
 
@@ -215,6 +223,7 @@ PageArea *MainWindow::createPage(DBGroups group)
 {
     auto *area = new PageArea;
     area->setPage(m_session.openPage(group, area->canvas()));
+    connect(area, &PageArea::accessRequested, this, &MainWindow::showAccess);
     m_stack->addWidget(area);
     // What is built last is last in the tab order, and belongs between the list and the bar.
     QWidget *last = previousInFocusChain();
@@ -233,13 +242,31 @@ void MainWindow::showParameter(const SettingAddress &address)
         return;
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
-    editor->setFocus(Qt::OtherFocusReason);
+    if (m_session.mayEdit(page))
+        editor->setFocus(Qt::OtherFocusReason);
+    else
+        m_areas.value(int(page))->focusLock();
 }
 
 void MainWindow::edit(const SettingAddress &address, const QString &text)
 {
     openArea(SettingAddress{address.key}.group());
     m_session.setParameter(address, text);
+}
+
+void MainWindow::showLocks()
+{
+    for (const SettingsPageName &page : settingsPages) {
+        const bool isLocked = !m_session.mayEdit(page.group);
+        m_list->setLocked(page.group, isLocked);
+        if (PageArea *area = m_areas.value(int(page.group)))
+            area->setLockReason(isLocked ? PageAccessWords::lockReason(m_session.access()) : QString());
+    }
+}
+
+void MainWindow::showAccess()
+{
+    AccessDialog(m_session, this).exec();
 }
 
 void MainWindow::findStoredProblems()
@@ -340,6 +367,10 @@ void MainWindow::finishSave(const SaveResult &result)
     case SaveResult::Outcome::Unreadable:
         saveReplacingUnreadable(result.unreadableKeys);
         break;
+    case SaveResult::Outcome::Forbidden:
+        stay();
+        revertForbidden(result.forbiddenKeys);
+        break;
     case SaveResult::Outcome::Conflicting:
         resolveConflicts();
         break;
@@ -351,6 +382,16 @@ void MainWindow::explainFailure(const DatabaseError &error)
     stay();
     if (error.kind != DatabaseError::Kind::Cancelled)
         SaveQuestions::showError(this, error);
+}
+
+void MainWindow::revertForbidden(const QStringList &keys)
+{
+    if (!SaveQuestions::revertForbidden(this, PageAccessWords::refusal(keys)))
+        return;
+    for (const SettingAddress &address : m_session.changedAddresses()) {
+        if (keys.contains(address.key))
+            m_session.revert(address);
+    }
 }
 
 void MainWindow::resolveConflicts()
@@ -383,6 +424,7 @@ QVector<SettingChange> MainWindow::changes() const
 void MainWindow::showHistory()
 {
     HistoryDialog dialog(std::nullopt, this);
+    dialog.setAccess(m_session.access());
     connect(&dialog, &HistoryDialog::restoreRequested, this,
             [this](const SettingAddress &address, const QString &text) {
                 edit(address, text);

@@ -58,6 +58,8 @@ private:
     PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
+    void showLocks();
+    void showAccess();
     void findStoredProblems();
     void showProblems();
 
@@ -67,6 +69,7 @@ private:
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);
     void explainFailure(const DatabaseError &error);
+    void revertForbidden(const QStringList &keys);
     void resolveConflicts();
     QVector<SettingChange> changes() const;
     void showHistory();

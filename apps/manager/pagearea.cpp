@@ -1,5 +1,7 @@
 #include "pagearea.h"
 
+#include "locknotice.h"
+
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QCoreApplication>
@@ -21,6 +23,10 @@ PageArea::PageArea(QWidget *parent)
     auto *canvas = new QWidget;
     auto *layout = new QVBoxLayout(canvas);
     layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
+    m_notice = new LockNotice(canvas);
+    m_notice->hide();
+    layout->addWidget(m_notice);
+    connect(m_notice, &LockNotice::accessRequested, this, &PageArea::accessRequested);
     setWidget(canvas);
 }
 
@@ -33,7 +39,20 @@ void PageArea::setPage(QWidget *page)
 {
     auto *layout = static_cast<QVBoxLayout *>(canvas()->layout());
     layout->addWidget(page);
+    m_page = page;
     layout->addStretch(1);
+}
+
+void PageArea::setLockReason(const QString &reason)
+{
+    m_notice->setReason(reason);
+    m_notice->setVisible(!reason.isNull());
+    m_page->setEnabled(reason.isNull());
+}
+
+void PageArea::focusLock()
+{
+    m_notice->setFocus(Qt::OtherFocusReason);
 }
 
 void PageArea::reveal(QWidget *editor)

@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+class LockNotice;
+
 /// A page as large as it needs to be, in a view that scrolls where there is less room.
 class PageArea : public QScrollArea
 {
@@ -13,6 +15,18 @@ public:
     /// The page is built below this widget, then handed to setPage().
     QWidget *canvas() const;
     void setPage(QWidget *page);
+    /// Says above the page why it cannot be edited, and disables it; null lets it be edited.
+    void setLockReason(const QString &reason);
     /// Unfolds what @p editor, which lies on the page, is folded into, and scrolls to it.
     void reveal(QWidget *editor);
+    /// Puts the keyboard where a locked page says why it is.
+    void focusLock();
+
+Q_SIGNALS:
+    /// Somebody wants to see which pages operators may edit.
+    void accessRequested();
+
+private:
+    QWidget *m_page = nullptr;
+    LockNotice *m_notice;
 };

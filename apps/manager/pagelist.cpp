@@ -6,6 +6,8 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -15,6 +17,9 @@ constexpr int headingHeight = 24;
 constexpr int margin = 6;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
+constexpr int lockedRole = Qt::UserRole + 1;
+constexpr QSize lockSize(16, 16);
+constexpr int lockMargin = 4; // at both sides
 
 struct Section
 {
@@ -61,6 +66,27 @@ QIcon icon(DBGroups group, const QPalette &palette)
                    QIcon::Selected);
     return icon;
 }
+
+/// A page with a lock at its end if operators may not edit it.
+class PageDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!index.data(lockedRole).toBool())
+            return;
+        const bool isSelected = option.state & QStyle::State_Selected;
+        const QColor color = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        QRect place(QPoint(), lockSize);
+        place.moveCenter(option.rect.center());
+        place.moveRight(option.rect.right() - lockMargin);
+        painter->drawPixmap(place,
+                            VXIconHelper::pixmap(QIcon::fromTheme(QStringLiteral("common-lock")), lockSize, color));
+    }
+};
 } // namespace
 
 PageList::PageList(QWidget *parent)
@@ -68,6 +94,7 @@ PageList::PageList(QWidget *parent)
 {
     setObjectName(QStringLiteral("pageList"));
     setIconSize(pictureSize);
+    setItemDelegate(new PageDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(margin, margin, margin, margin);
     setBackgroundRole(QPalette::Base);
@@ -122,6 +149,15 @@ void PageList::setChanged(DBGroups group, bool changed)
     describe(itemOf(group));
 }
 
+void PageList::setLocked(DBGroups group, bool locked)
+{
+    if (locked)
+        m_locked.insert(int(group));
+    else
+        m_locked.remove(int(group));
+    describe(itemOf(group));
+}
+
 void PageList::setHits(const QMap<DBGroups, int> &hits)
 {
     m_hits = hits;
@@ -149,7 +185,15 @@ void PageList::describe(QListWidgetItem *item) const
     QFont font = item->font();
     font.setBold(isChanged);
     item->setFont(font);
-    item->setToolTip(isChanged ? tr("Есть несохранённые изменения") : QString());
+    const bool isLocked = m_locked.contains(int(group));
+    item->setData(lockedRole, isLocked);
+    QStringList words;
+    if (isChanged)
+        words << tr("Есть несохранённые изменения");
+    if (isLocked)
+        words << tr("Закрыта для операторов");
+    item->setToolTip(words.join(QStringLiteral(". ")));
+    item->setData(Qt::AccessibleDescriptionRole, item->toolTip());
 }
 
 QSize PageList::sizeHint() const
@@ -165,7 +209,8 @@ QSize PageList::sizeHint() const
                 qMax(textWidth, metrics.horizontalAdvance(withHits(DBSettingsHelper::groupName(group), manyHits)));
     }
     const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin;
+    const int lockWidth = lockSize.width() + 2 * lockMargin;
+    const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin + lockWidth;
     return {rowWidth + 2 * (frameWidth() + margin), QListWidget::sizeHint().height()};
 }
 

@@ -98,14 +98,15 @@ void ParameterMenu::addChanges(QMenu &menu, const SettingAddress &address)
     const auto wrong = finding(address);
     if (!wrong || wrong->repair.isNull())
         return;
-    menu.addAction(tr("Исправить сохранённое: %1").arg(SettingWords::value(address, wrong->repair)), this,
-                   [=] { m_session.replaceStored(address, wrong->repair); });
+    QAction *repair = menu.addAction(tr("Исправить сохранённое: %1").arg(SettingWords::value(address, wrong->repair)),
+                                     this, [=] { m_session.replaceStored(address, wrong->repair); });
+    repair->setEnabled(m_session.mayEdit(SettingAddress{address.key}.group()));
 }
 
 void ParameterMenu::addSwitch(QMenu &menu, const SettingAddress &address)
 {
     const auto parent = DisabledHints::switchOf(address);
-    if (!parent || m_session.editor(address)->isEnabled())
+    if (!parent || !DisabledHints::isSwitchedOff(*m_session.editor(address)))
         return;
     menu.addAction(tr("Перейти к параметру «%1»").arg(parent->caption()), this,
                    [=] { Q_EMIT parameterWanted(*parent); });

@@ -61,8 +61,10 @@ QVector<SettingChange> SettingsFiles::showDifference(ImportDialog::Purpose purpo
         return {};
     }
     const Installation &stored = m_session.stored();
-    ImportDialog dialog(ImportPlan::rows(reading.document->settings(), stored.settings, ObjectIndex(stored.objects)),
-                        QFileInfo(path).fileName(), purpose, m_window);
+    auto rows = ImportPlan::rows(reading.document->settings(), stored.settings, ObjectIndex(stored.objects));
+    if (purpose == ImportDialog::Purpose::Import)
+        rows = ImportPlan::locked(rows, m_session.access());
+    ImportDialog dialog(rows, QFileInfo(path).fileName(), purpose, m_window);
     return dialog.exec() == QDialog::Accepted ? dialog.chosen() : QVector<SettingChange>();
 }
 

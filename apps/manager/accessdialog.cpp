@@ -27,6 +27,7 @@ namespace {
 
 constexpr QSize initialSize(760, 620);
 constexpr int longestReason = 500;
+const QString textStyle = QStringLiteral("color: palette(window-text); font-weight: normal;");
 const QString pagesIcon = QStringLiteral("common-lock");
 
 QLabel *wrappedLabel(QWidget *parent)
@@ -124,8 +125,10 @@ void AccessDialog::fill(const QJsonObject &flags)
 /// The box has a grey and a black of its own, which cannot be read on every ground.
 void AccessDialog::followTheme()
 {
-    for (QWidget *part : m_box->findChildren<QWidget *>())
-        part->setStyleSheet({});
+    for (QCheckBox *box : m_box->findChildren<QCheckBox *>())
+        box->setStyleSheet(textStyle);
+    if (auto *title = m_box->findChild<QLabel *>(QStringLiteral("lbName")))
+        title->setStyleSheet(textStyle);
     if (auto *icon = m_box->findChild<QLabel *>(QStringLiteral("lbIcon")))
         icon->setPixmap(VXIconHelper::pixmap(QIcon::fromTheme(pagesIcon), dependent_widget::ICON_SIZE,
                                              palette().color(QPalette::WindowText)));

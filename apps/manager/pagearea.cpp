@@ -11,10 +11,23 @@
 namespace {
 
 constexpr int margin = 6;
+constexpr qreal lockedStrength = 0.75; // of the colour of texts that can be edited
+
+/// What is disabled is too pale to be read, and a locked page is there to be read.
+QPalette readable(QPalette palette)
+{
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        QColor color = palette.color(QPalette::Active, role);
+        color.setAlphaF(lockedStrength);
+        palette.setColor(QPalette::Disabled, role, color);
+    }
+    return palette;
+}
 } // namespace
 
 PageArea::PageArea(QWidget *parent)
     : QScrollArea(parent)
+    , m_notice(new LockNotice(this))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -23,9 +36,7 @@ PageArea::PageArea(QWidget *parent)
     auto *canvas = new QWidget;
     auto *layout = new QVBoxLayout(canvas);
     layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
-    m_notice = new LockNotice(canvas);
     m_notice->hide();
-    layout->addWidget(m_notice);
     connect(m_notice, &LockNotice::accessRequested, this, &PageArea::accessRequested);
     setWidget(canvas);
 }
@@ -48,6 +59,34 @@ void PageArea::setLockReason(const QString &reason)
     m_notice->setReason(reason);
     m_notice->setVisible(!reason.isNull());
     m_page->setEnabled(reason.isNull());
+    colorPage();
+    placeNotice();
+}
+
+void PageArea::resizeEvent(QResizeEvent *event)
+{
+    QScrollArea::resizeEvent(event);
+    placeNotice();
+}
+
+void PageArea::changeEvent(QEvent *event)
+{
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_page)
+        colorPage();
+}
+
+/// Not on the canvas, with which it would scroll away.
+void PageArea::placeNotice()
+{
+    const int height = m_notice->isHidden() ? 0 : m_notice->heightForWidth(width());
+    m_notice->setGeometry(0, 0, width(), height);
+    setViewportMargins(0, height, 0, 0);
+}
+
+void PageArea::colorPage()
+{
+    m_page->setPalette(m_page->isEnabled() ? QPalette() : readable(palette()));
 }
 
 void PageArea::focusLock()

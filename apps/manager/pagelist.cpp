@@ -18,8 +18,8 @@ constexpr int margin = 6;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
 constexpr int lockedRole = Qt::UserRole + 1;
-constexpr QSize lockSize(16, 16);
-constexpr int lockMargin = 4; // at both sides
+constexpr QSize lockSize(14, 14);
+constexpr QPoint lockOffset(4, 3);
 
 struct Section
 {
@@ -67,23 +67,30 @@ QIcon icon(DBGroups group, const QPalette &palette)
     return icon;
 }
 
-/// A page with a lock at its end if operators may not edit it.
+/// A page with a lock at the foot of its picture if operators may not edit it: beside the title is no room for one.
 class PageDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    void paint(QPainter *painter, const QStyleOptionViewItem &givenOption, const QModelIndex &index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
+        QStyledItemDelegate::paint(painter, givenOption, index);
         if (!index.data(lockedRole).toBool())
             return;
+        QStyleOptionViewItem option = givenOption;
+        initStyleOption(&option, index);
+        QRect lock(QPoint(), lockSize);
+        lock.moveBottomRight(
+            option.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &option).bottomRight() +
+            lockOffset);
         const bool isSelected = option.state & QStyle::State_Selected;
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option.palette.brush(isSelected ? QPalette::Highlight : QPalette::Base));
+        painter->drawEllipse(QRectF(lock).adjusted(-1, -1, 1, 1));
         const QColor color = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
-        QRect place(QPoint(), lockSize);
-        place.moveCenter(option.rect.center());
-        place.moveRight(option.rect.right() - lockMargin);
-        painter->drawPixmap(place,
+        painter->drawPixmap(lock,
                             VXIconHelper::pixmap(QIcon::fromTheme(QStringLiteral("common-lock")), lockSize, color));
     }
 };
@@ -209,8 +216,7 @@ QSize PageList::sizeHint() const
                 qMax(textWidth, metrics.horizontalAdvance(withHits(DBSettingsHelper::groupName(group), manyHits)));
     }
     const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    const int lockWidth = lockSize.width() + 2 * lockMargin;
-    const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin + lockWidth;
+    const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin;
     return {rowWidth + 2 * (frameWidth() + margin), QListWidget::sizeHint().height()};
 }
 

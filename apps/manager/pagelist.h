@@ -26,7 +26,7 @@ public:
     /// The row of the page.
     QListWidgetItem *itemOf(DBGroups group) const;
 
-    /// Wide enough for every title, marked, locked or not.
+    /// Wide enough for every title, marked or not.
     QSize sizeHint() const override;
 
 Q_SIGNALS:

@@ -17,15 +17,9 @@ std::optional<SettingAddress> DisabledHints::switchOf(const SettingAddress &addr
     return {};
 }
 
-bool DisabledHints::isSwitchedOff(const DBParamWidget &editor)
-{
-    // By itself, and not with a page that is locked.
-    return editor.testAttribute(Qt::WA_ForceDisabled);
-}
-
 QString DisabledHints::words(const SettingsSession &session, const SettingAddress &address)
 {
-    const auto parent = isSwitchedOff(*session.editor(address)) ? switchOf(address) : std::nullopt;
+    const auto parent = session.editor(address)->isEnabled() ? std::nullopt : switchOf(address);
     if (!parent)
         return {};
     return tr("Недоступно. Включается параметром «%1», сейчас там: %2.")

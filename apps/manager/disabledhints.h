@@ -5,7 +5,6 @@
 
 #include <optional>
 
-class DBParamWidget;
 class SettingsSession;
 struct SettingAddress;
 
@@ -17,8 +16,6 @@ class DisabledHints
 public:
     /// The parameter that switches the one at @p address on and off, if there is one.
     static std::optional<SettingAddress> switchOf(const SettingAddress &address);
-    /// Whether another parameter switches it off now.
-    static bool isSwitchedOff(const DBParamWidget &editor);
     /// What to do about an editor of an open page; null while it is enabled.
     static QString words(const SettingsSession &session, const SettingAddress &address);
 };

@@ -115,6 +115,22 @@ void SettingsPage::insist(const SettingAddress &address)
         parameter->isInsistedOn = true;
 }
 
+bool SettingsPage::isInsistedOn(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter && parameter->isInsistedOn;
+}
+
+QVector<SettingAddress> SettingsPage::insistedOn() const
+{
+    QVector<SettingAddress> addresses;
+    for (const Parameter &parameter : m_parameters) {
+        if (parameter.isInsistedOn && widget())
+            addresses.append(parameter.address);
+    }
+    return addresses;
+}
+
 void SettingsPage::revert(const SettingAddress &address)
 {
     if (Parameter *parameter = find(address))

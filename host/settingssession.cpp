@@ -188,6 +188,47 @@ bool SettingsSession::replaceStored(const SettingAddress &address, const QString
     return isShown;
 }
 
+bool SettingsSession::isReplacing(const SettingAddress &address) const
+{
+    const SettingsPage *shown = page(address);
+    return shown && shown->isInsistedOn(address);
+}
+
+QVector<SettingAddress> SettingsSession::replacing() const
+{
+    QVector<SettingAddress> addresses;
+    for (const auto &page : m_pages)
+        addresses += page->insistedOn();
+    return addresses;
+}
+
+bool SettingsSession::isUnreadable(const QString &key) const
+{
+    const SettingAddress address{key};
+    return address.isKnown() && address.isJsonObject() &&
+           JsonSetting(m_stored.settings.value(key)).state() == JsonSetting::State::Unreadable;
+}
+
+QString SettingsSession::repairedText(const QString &key) const
+{
+    JsonSetting::Texts shown;
+    const SettingsPage *open = page(SettingAddress{key}.group());
+    for (const SettingAddress &address : open ? open->addresses(key) : QVector<SettingAddress>())
+        shown.insert(address.member, open->shown(address));
+    return JsonSetting(m_stored.settings.value(key)).merged(shown, {});
+}
+
+void SettingsSession::repair(const QString &key)
+{
+    SettingsPage *open = page(SettingAddress{key}.group());
+    if (!open)
+        return;
+    for (const SettingAddress &address : open->addresses(key))
+        open->insist(address);
+    m_repairedRevisions.insert(key, m_stored.revisions.value(key));
+    Q_EMIT edited();
+}
+
 void SettingsSession::revert(const SettingAddress &address)
 {
     if (SettingsPage *shown = page(address))
@@ -483,15 +524,27 @@ QStringList SettingsSession::unreadableKeys() const
     QStringList keys;
     for (const SettingEdit &edit : m_save->edits) {
         const QString &key = edit.address.key;
-        const bool isAllowed = m_save->unreadable == Unreadable::Replace && m_refusedRevisions.contains(key) &&
-                               m_refusedRevisions.value(key) == m_stored.revisions.value(key);
-        const bool isUnreadable = !edit.address.member.isEmpty() &&
-                                  JsonSetting(m_stored.settings.value(key)).state() == JsonSetting::State::Unreadable;
-        if (isUnreadable && !isAllowed && !keys.contains(key))
+        if (!edit.address.member.isEmpty() && isUnreadable(key) && !mayReplace(key) && !keys.contains(key))
             keys.append(key);
     }
     keys.sort();
     return keys;
+}
+
+/// Whether somebody has decided to replace the text that is stored now.
+bool SettingsSession::mayReplace(const QString &key) const
+{
+    const qint64 revision = m_stored.revisions.value(key);
+    const auto isOf = [revision, &key](const QHash<QString, qint64> &decided) {
+        return decided.contains(key) && decided.value(key) == revision;
+    };
+    if (m_save->unreadable == Unreadable::Replace && isOf(m_refusedRevisions))
+        return true;
+    // An undone repair has left no parameter that insists.
+    const auto isInsisting = [this, &key](const SettingEdit &edit) {
+        return edit.address.key == key && isReplacing(edit.address);
+    };
+    return isOf(m_repairedRevisions) && std::any_of(m_save->edits.begin(), m_save->edits.end(), isInsisting);
 }
 
 QStringList SettingsSession::forbiddenKeys() const

@@ -101,6 +101,18 @@ public:
     /// The same, and the next save stores @p text even where the editor shows it already, such as the nearest number in
     /// the place of one that is out of range.
     bool replaceStored(const SettingAddress &address, const QString &text);
+    /// Whether the next save stores what the editor shows although that is no edit by itself.
+    bool isReplacing(const SettingAddress &address) const;
+    /// All of them.
+    QVector<SettingAddress> replacing() const;
+    /// Whether what is stored under @p key cannot be read as a JSON object of unique names, which it should be.
+    bool isUnreadable(const QString &key) const;
+    /// What a repair would store in the place of such a text: what the open page of the @p key shows, and of an object
+    /// with names that occur twice the members that no editor shows.
+    QString repairedText(const QString &key) const;
+    /// Makes that an edit of every parameter under the @p key: the next save stores it without another question, unless
+    /// something else is stored by then.
+    void repair(const QString &key);
     /// Shows what is stored: undoes the edit, and takes theirs in a conflict.
     void revert(const SettingAddress &address);
     void revert();
@@ -185,6 +197,7 @@ private:
     std::optional<SaveResult> refusal();
     SaveResult conflicting(const QVector<SettingEdit> &clashes) const;
     QStringList unreadableKeys() const;
+    bool mayReplace(const QString &key) const;
     QStringList forbiddenKeys() const;
 
     InstallationDatabase &m_database;
@@ -195,5 +208,6 @@ private:
     QVector<Origin> m_origins;
     std::optional<Save> m_save; ///< the one that is under way
     Authority m_authority = Authority::Operator;
-    QHash<QString, qint64> m_refusedRevisions; ///< key → revision of the texts that the last save could not replace
+    QHash<QString, qint64> m_repairedRevisions; ///< key → revision of the text that is to be replaced
+    QHash<QString, qint64> m_refusedRevisions;  ///< key → revision of the texts that the last save could not replace
 };

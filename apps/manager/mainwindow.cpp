@@ -10,6 +10,7 @@
 #include "pagelist.h"
 #include "parametermarks.h"
 #include "parametermenu.h"
+#include "repairdialog.h"
 #include "reviewdialog.h"
 #include "savequestions.h"
 #include "searchfield.h"
@@ -20,10 +21,12 @@
 #include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/settingvalue.h>
 #include <host/translations.h>
 
 #include <vxsettings/dbparamwidget.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -103,6 +106,8 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     new ParameterMarks(m_session, this);
     auto *menu = new ParameterMenu(m_session, m_database.location(), this);
     connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
+    connect(menu, &ParameterMenu::historyWanted, this, &MainWindow::showHistory);
+    connect(menu, &ParameterMenu::repairWanted, this, &MainWindow::repair);
     auto *history = new EditHistory(m_session, this);
     m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
@@ -179,7 +184,7 @@ void MainWindow::connectMenu()
     connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::review);
     connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
     connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
-    connect(m_menu, &MainMenu::historyRequested, this, &MainWindow::showHistory);
+    connect(m_menu, &MainMenu::historyRequested, this, [this] { showHistory(std::nullopt); });
     connect(m_menu, &MainMenu::accessRequested, this, &MainWindow::showAccess);
     connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
     connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
@@ -421,17 +426,14 @@ QVector<SettingChange> MainWindow::changes() const
     return changes;
 }
 
-void MainWindow::showHistory()
+void MainWindow::showHistory(const std::optional<SettingAddress> &address)
 {
-    HistoryDialog dialog(std::nullopt, this);
+    HistoryDialog dialog(address, this);
     dialog.setAccess(m_session.access());
-    connect(&dialog, &HistoryDialog::restoreRequested, this,
-            [this](const SettingAddress &address, const QString &text) {
-                edit(address, text);
-                showParameter(address);
-            });
+    connect(&dialog, &HistoryDialog::restoreRequested, this, &MainWindow::restore);
     const QPointer<HistoryDialog> shown(&dialog);
-    m_database.history({}, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
+    const QString key = address ? address->key : QString();
+    m_database.history(key, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
         if (!shown)
             return;
         if (read.error)
@@ -440,6 +442,33 @@ void MainWindow::showHistory()
             shown->setRecords(read.value);
     });
     dialog.exec();
+}
+
+void MainWindow::restore(const SettingAddress &address, const QString &text)
+{
+    // What was stored once need not be right today.
+    const auto judgement = SettingValue::judge(address, text, ObjectIndex(m_session.stored().objects));
+    if (!judgement.stored) {
+        SaveQuestions::refuseRestored(QApplication::activeModalWidget(), judgement.error);
+        return;
+    }
+    edit(address, *judgement.stored);
+    showParameter(address);
+}
+
+void MainWindow::repair(const QString &key)
+{
+    QString problem;
+    for (const SettingFinding &finding : m_session.findings()) {
+        if (finding.address.key == key && problem.isEmpty())
+            problem = finding.words;
+    }
+    RepairDialog dialog(SettingAddress{key}.caption(), problem, m_session.stored().settings.value(key),
+                        m_session.repairedText(key), this);
+    const qint64 seen = m_session.stored().revisions.value(key);
+    // Meanwhile somebody else may have stored something that nobody here has seen.
+    if (dialog.exec() == QDialog::Accepted && m_session.stored().revisions.value(key) == seen)
+        m_session.repair(key);
 }
 
 void MainWindow::importSettings()

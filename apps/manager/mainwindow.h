@@ -72,7 +72,9 @@ private:
     void revertForbidden(const QStringList &keys);
     void resolveConflicts();
     QVector<SettingChange> changes() const;
-    void showHistory();
+    void showHistory(const std::optional<SettingAddress> &address);
+    void restore(const SettingAddress &address, const QString &text);
+    void repair(const QString &key);
     void importSettings();
     void stay();
     bool mayClose();

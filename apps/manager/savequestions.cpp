@@ -88,6 +88,15 @@ void SaveQuestions::showDraftProblem(QWidget *parent, const QString &problem)
     box.exec();
 }
 
+void SaveQuestions::refuseRestored(QWidget *parent, const QString &problem)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Прежнее значение не подходит"), problem, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(tr("Ничего не изменено."));
+    box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
 bool SaveQuestions::revertForbidden(QWidget *parent, const QString &refusal)
 {
     QMessageBox box(QMessageBox::Warning, tr("Страница закрыта"), refusal, QMessageBox::NoButton, parent);

@@ -7,11 +7,6 @@
 
 namespace {
 
-QString quoted(const QStringList &titles)
-{
-    return QStringLiteral("«%1»").arg(titles.join(QStringLiteral("», «")));
-}
-
 QStringList lockedTitles(const PageAccess &access)
 {
     QStringList titles;
@@ -73,4 +68,12 @@ QString PageAccessWords::lockReason(const PageAccess &access)
         return tr("Записанный доступ операторов не читается, поэтому закрыты все страницы. Исправить его может "
                   "администратор.");
     return tr("Администратор закрыл эту страницу для операторов: изменить её нельзя.");
+}
+
+QString PageAccessWords::quoted(const QStringList &titles)
+{
+    QStringList quoted;
+    for (const QString &title : titles)
+        quoted.append(tr("«%1»").arg(title));
+    return quoted.join(QStringLiteral(", "));
 }

@@ -22,4 +22,7 @@ public:
     static QString refusal(const QStringList &keys);
     /// The same of a page that is shown and locked by @p access.
     static QString lockReason(const PageAccess &access);
+
+private:
+    static QString quoted(const QStringList &titles);
 };

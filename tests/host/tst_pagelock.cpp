@@ -177,7 +177,9 @@ void TestPageLock::aSessionRefusesWithoutAskingTheDatabase()
     QWidget window;
     session.openPage(DBGroups::Connection, &window);
     QVERIFY(session.setParameter({MOBILE_PORT}, "9443"));
+    installation.execute("ALTER TABLE settings RENAME TO away"); // whoever asks now fails
     const SaveResult refused = saved(session);
+    installation.execute("ALTER TABLE away RENAME TO settings");
     QCOMPARE(refused.outcome, Outcome::Forbidden);
     QCOMPARE(refused.forbiddenKeys, QStringList{MOBILE_PORT});
     QVERIFY(session.hasChanges()); // nothing is lost

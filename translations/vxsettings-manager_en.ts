@@ -471,13 +471,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     </message>
 </context>
 <context>
-    <name>LockNotice</name>
-    <message>
-        <source>Доступ операторов…</source>
-        <translation>Operator access…</translation>
-    </message>
-</context>
-<context>
     <name>MainMenu</name>
     <message>
         <source>&amp;Файл</source>
@@ -598,6 +591,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
     </message>
+    <message>
+        <source>Запись «%1» в базе данных не читается целиком. Страница показывает то, что в ней удалось разобрать.</source>
+        <translation>The record “%1” cannot be read as a whole in the database. The page shows what could be made of it.</translation>
+    </message>
 </context>
 <context>
     <name>Manager</name>
@@ -608,6 +605,17 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Справка: vxsettings-manager --help</source>
         <translation>For help: vxsettings-manager --help</translation>
+    </message>
+</context>
+<context>
+    <name>PageArea</name>
+    <message>
+        <source>Доступ операторов…</source>
+        <translation>Operator access…</translation>
+    </message>
+    <message>
+        <source>Исправить запись…</source>
+        <translation>Repair the record…</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,7 @@
 #include <host/translations.h>
 
 #include <vxsettings/dbparamwidget.h>
+#include <vxsettings/dbsettingshelper.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -38,6 +39,8 @@
 #include <QStackedWidget>
 #include <QTimer>
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace {
 
@@ -207,6 +210,7 @@ void MainWindow::retranslate()
     setWindowTitle(tr("%1[*] — Настройки базы данных").arg(m_database.location().shortName()));
     m_session.retranslate();
     showLocks();
+    showUnreadable();
 }
 
 void MainWindow::showPage(DBGroups group)
@@ -220,6 +224,7 @@ PageArea *MainWindow::openArea(DBGroups group)
     if (!area) {
         area = createPage(group);
         showLocks();
+        showUnreadable();
     }
     return area;
 }
@@ -229,6 +234,7 @@ PageArea *MainWindow::createPage(DBGroups group)
     auto *area = new PageArea;
     area->setPage(m_session.openPage(group, area->canvas()));
     connect(area, &PageArea::accessRequested, this, &MainWindow::showAccess);
+    connect(area, &PageArea::repairRequested, this, [this, group] { repair(unreadableKey(group)); });
     m_stack->addWidget(area);
     // What is built last is last in the tab order, and belongs between the list and the bar.
     QWidget *last = previousInFocusChain();
@@ -269,6 +275,33 @@ void MainWindow::showLocks()
     }
 }
 
+void MainWindow::showUnreadable()
+{
+    for (const SettingsPageName &page : settingsPages) {
+        PageArea *area = m_areas.value(int(page.group));
+        const QString key = area ? unreadableKey(page.group) : QString();
+        if (!area)
+            continue;
+        area->setRepairReason(key.isNull() ? QString()
+                                           : tr("Запись «%1» в базе данных не читается целиком. Страница показывает "
+                                                "то, что в ней удалось разобрать.")
+                                                 .arg(SettingAddress{key}.caption()));
+    }
+}
+
+/// Of a JSON setting on the page that waits for a repair; null if there is none.
+QString MainWindow::unreadableKey(DBGroups page) const
+{
+    const QVector<SettingAddress> replacing = m_session.replacing();
+    for (const QString &key : DBSettingsHelper::groupParams(page)) {
+        const bool isRepaired = std::any_of(replacing.begin(), replacing.end(),
+                                            [&key](const SettingAddress &address) { return address.key == key; });
+        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !isRepaired)
+            return key;
+    }
+    return {};
+}
+
 void MainWindow::showAccess()
 {
     AccessDialog(m_session, this).exec();
@@ -303,6 +336,7 @@ void MainWindow::showChanges()
     const int count = changed.count();
     m_searchField->setChanged(changed);
     showProblems();
+    showUnreadable();
     setWindowModified(count > 0);
     m_bar->setChangeCount(count, m_session.conflicts().count());
     for (const SettingsPageName &page : settingsPages)

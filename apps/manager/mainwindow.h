@@ -59,6 +59,8 @@ private:
     PageArea *createPage(DBGroups group);
     void showChanges();
     void showLocks();
+    void showUnreadable();
+    QString unreadableKey(DBGroups page) const;
     void showAccess();
     void findStoredProblems();
     void showProblems();

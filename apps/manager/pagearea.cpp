@@ -1,6 +1,6 @@
 #include "pagearea.h"
 
-#include "locknotice.h"
+#include "pagenotice.h"
 
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
@@ -27,7 +27,9 @@ QPalette readable(QPalette palette)
 
 PageArea::PageArea(QWidget *parent)
     : QScrollArea(parent)
-    , m_notice(new LockNotice(this))
+    , m_notices(new QWidget(this))
+    , m_lock(new PageNotice(QStringLiteral("common-lock"), m_notices))
+    , m_repair(new PageNotice(QStringLiteral("common-warning"), m_notices))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -36,9 +38,8 @@ PageArea::PageArea(QWidget *parent)
     auto *canvas = new QWidget;
     auto *layout = new QVBoxLayout(canvas);
     layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
-    m_notice->hide();
-    connect(m_notice, &LockNotice::accessRequested, this, &PageArea::accessRequested);
     setWidget(canvas);
+    createNotices();
 }
 
 QWidget *PageArea::canvas() const
@@ -54,19 +55,37 @@ void PageArea::setPage(QWidget *page)
     layout->addStretch(1);
 }
 
+void PageArea::createNotices()
+{
+    m_lock->setObjectName(QStringLiteral("lockNotice"));
+    m_repair->setObjectName(QStringLiteral("repairNotice"));
+    auto *layout = new QVBoxLayout(m_notices);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_lock);
+    layout->addWidget(m_repair);
+    connect(m_lock, &PageNotice::actionRequested, this, &PageArea::accessRequested);
+    connect(m_repair, &PageNotice::actionRequested, this, &PageArea::repairRequested);
+}
+
 void PageArea::setLockReason(const QString &reason)
 {
-    m_notice->setReason(reason);
-    m_notice->setVisible(!reason.isNull());
+    m_lock->tell(reason, tr("Доступ операторов…"));
     m_page->setEnabled(reason.isNull());
     colorPage();
-    placeNotice();
+    placeNotices();
+}
+
+void PageArea::setRepairReason(const QString &reason)
+{
+    m_repair->tell(reason, tr("Исправить запись…"));
+    placeNotices();
 }
 
 void PageArea::resizeEvent(QResizeEvent *event)
 {
     QScrollArea::resizeEvent(event);
-    placeNotice();
+    placeNotices();
 }
 
 void PageArea::changeEvent(QEvent *event)
@@ -76,11 +95,12 @@ void PageArea::changeEvent(QEvent *event)
         colorPage();
 }
 
-/// Not on the canvas, with which it would scroll away.
-void PageArea::placeNotice()
+/// Not on the canvas, with which they would scroll away.
+void PageArea::placeNotices()
 {
-    const int height = m_notice->isHidden() ? 0 : m_notice->heightForWidth(width());
-    m_notice->setGeometry(0, 0, width(), height);
+    const bool isEmpty = m_lock->isHidden() && m_repair->isHidden();
+    const int height = isEmpty ? 0 : m_notices->heightForWidth(width());
+    m_notices->setGeometry(0, 0, width(), height);
     setViewportMargins(0, height, 0, 0);
 }
 
@@ -91,7 +111,7 @@ void PageArea::colorPage()
 
 void PageArea::focusLock()
 {
-    m_notice->setFocus(Qt::OtherFocusReason);
+    m_lock->setFocus(Qt::OtherFocusReason);
 }
 
 void PageArea::reveal(QWidget *editor)

@@ -1199,14 +1199,18 @@ void TestMainWindow::anUnreadableTextIsShownAndRepaired_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<bool>("isRepaired");
-    QTest::newRow("repaired") << "Исправить" << true;
-    QTest::newRow("left alone") << "Не исправлять" << false;
+    QTest::addColumn<bool>("fromMenu");
+    QTest::newRow("repaired from the menu") << "Исправить" << true << true;
+    QTest::newRow("left alone in the menu") << "Не исправлять" << false << true;
+    QTest::newRow("repaired from above the page") << "Исправить" << true << false;
+    QTest::newRow("left alone above the page") << "Не исправлять" << false << false;
 }
 
 void TestMainWindow::anUnreadableTextIsShownAndRepaired()
 {
     QFETCH(QString, button);
     QFETCH(bool, isRepaired);
+    QFETCH(bool, fromMenu);
     const TestDatabase database;
     {
         const Window sample(database);
@@ -1226,12 +1230,18 @@ void TestMainWindow::anUnreadableTextIsShownAndRepaired()
     });
     look.start(0);
     const ModalAnswer answer(button);
-    window.chooseAt(window.input<QCheckBox>(json::DENY_EQUAL), "Исправить запись «Сложность пин-кода»…");
+    auto *notice = window.page()->findChild<QWidget *>("repairNotice");
+    QVERIFY(notice->isVisible());
+    if (fromMenu)
+        window.chooseAt(window.input<QCheckBox>(json::DENY_EQUAL), "Исправить запись «Сложность пин-кода»…");
+    else
+        QTest::mouseClick(notice->findChild<QPushButton *>(), Qt::LeftButton);
     QTRY_VERIFY(answer.wasGiven());
     QCOMPARE(answer.defaultButton(), QString("Не исправлять"));
     QCOMPARE(stored, QString("spoilt"));
     QVERIFY2(repaired.contains("\"deny_equal\""), qPrintable(repaired));
     QTRY_COMPARE(window.session.hasChanges(), isRepaired);
+    QCOMPARE(notice->isVisible(), !isRepaired);
     QCOMPARE(database.stored(PIN_STRENGTH), QString("spoilt"));
     if (!isRepaired)
         return;

@@ -130,7 +130,7 @@ public:
     /// Chooses an entry of the parameter's context menu.
     void chooseAt(QWidget *input, const QString &text) const
     {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, input->mapToGlobal({}));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, input->mapToGlobal(QPoint()));
         QApplication::sendEvent(input, &event);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu);

@@ -105,6 +105,7 @@ bool SettingsPage::edit(const SettingAddress &address, const QString &text)
     Parameter *parameter = find(address);
     if (!parameter)
         return false;
+    parameter->isInsistedOn = false;
     show(*parameter, text);
     return parameter->shown() == text;
 }

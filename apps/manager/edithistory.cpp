@@ -213,11 +213,11 @@ bool EditHistory::show(const Change &change, const State &from, const State &to)
             return conflict.address == change.address && conflict.base == to.text;
         });
     // What the edit started from is not there any more: without the edit, what others have stored is shown.
-    if (isTakenBack || (now.isReplacing && !to.isReplacing))
+    if (isTakenBack)
         m_session.revert(change.address);
-    if (to.isReplacing)
+    else if (to.isReplacing)
         m_session.replaceStored(change.address, to.text);
-    else if (!isTakenBack)
+    else
         m_session.setParameter(change.address, to.text);
     m_stepped = change.address;
     return true;

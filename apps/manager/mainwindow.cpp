@@ -262,7 +262,7 @@ void MainWindow::showParameter(const SettingAddress &address)
 void MainWindow::edit(const SettingAddress &address, const QString &text)
 {
     openArea(SettingAddress{address.key}.group());
-    m_session.setParameter(address, text);
+    m_session.replaceStored(address, text);
 }
 
 void MainWindow::showLocks()

@@ -40,8 +40,8 @@ public:
     /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
     /// there.
     void showParameter(const SettingAddress &address);
-    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed. Opens the page for that, without
-    /// leaving the one that is shown.
+    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed; it is an edit even if the editor
+    /// shows it already in the place of what is stored. Opens the page for that, without leaving the one that is shown.
     void edit(const SettingAddress &address, const QString &text);
 
 protected:

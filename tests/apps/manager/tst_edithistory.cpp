@@ -70,6 +70,7 @@ private Q_SLOTS:
     void theActionsFollowTheLanguage();
     void aRepairCanBeUndone();
     void aRepairOfAWholeTextIsOneStep();
+    void anUndoneRepairLeavesAConflictToBeDecided();
 };
 
 void TestEditHistory::initTestCase()
@@ -265,6 +266,19 @@ void TestEditHistory::aRepairOfAWholeTextIsOneStep()
     QCOMPARE(pages.session.changedAddresses().size(), 4);
     QVERIFY(SessionWait::save(pages.session).isDone());
     QVERIFY(pages.file.stored(PIN_STRENGTH) != "spoilt");
+}
+
+void TestEditHistory::anUndoneRepairLeavesAConflictToBeDecided()
+{
+    UndoPages pages;
+    pages.type(host, "mine");
+    pages.database.watch();
+    pages.file.store(MOBILE_HOST, "theirs");
+    QTRY_COMPARE(pages.session.conflicts().size(), 1);
+    QVERIFY(pages.session.replaceStored(host, "another"));
+    pages.undo();
+    QCOMPARE(pages.shown(host), QString("mine"));
+    QCOMPARE(pages.session.conflicts().size(), 1);
 }
 
 QTEST_MAIN(TestEditHistory)

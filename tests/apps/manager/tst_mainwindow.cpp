@@ -252,6 +252,7 @@ private Q_SLOTS:
     void theMenuLocksAPage();
     void aLockThatComesLateLosesNothing();
     void aLockedPageIsNotImported();
+    void whatIsShownInThePlaceOfTheStoredIsImported();
     void theMenuOfAParameterShowsItsHistory();
     void whatIsNotRightTodayIsNotRestored();
     void anUnreadableTextIsShownAndRepaired_data();
@@ -1110,6 +1111,36 @@ void TestMainWindow::aLockedPageIsNotImported()
     QVERIFY2(said.contains("Меняется в окне «Доступ операторов»"), qPrintable(said));
     QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
     QVERIFY(window.session.isChanged({PASSWORD_EXPIRED}));
+}
+
+void TestMainWindow::whatIsShownInThePlaceOfTheStoredIsImported()
+{
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(MAX_CARD_COUNT, "400"); // the editor shows 20
+    const QString path = database.folder() + "/settings.json";
+    QVERIFY(!SettingsDocument::of({{MAX_CARD_COUNT, "20"}}, SettingsDocument::Secrets::LeaveOut).write(path));
+    const Window window(database);
+    window.go(DBGroups::Employees);
+    const FileAnswer file(path);
+    QTimer take;
+    take.callOnTimeout([&take] {
+        auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible())
+            return;
+        take.stop();
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    take.start(1);
+    window.choose({"Файл", "Импорт…"});
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    window.choose({"Правка", "Отменить правку"});
+    QVERIFY(!window.session.hasChanges());
+    window.choose({"Правка", "Повторить правку"});
+    window.clickSave();
+    QTRY_COMPARE(database.stored(MAX_CARD_COUNT), QString("20"));
 }
 
 /// Does @p use with the history dialog once it has something to show, then closes it.

@@ -1,15 +1,40 @@
 #include "captionlabel.h"
 
-namespace {
-
-constexpr int widestInCharacters = 26;
-} // namespace
-
-QSize CaptionLabel::roomFor(const QSize &hint) const
+void CaptionLabel::setWidest(int letters)
 {
-    int widest = widestInCharacters * fontMetrics().averageCharWidth();
-    if (hint.width() <= widest)
-        return WholeLabel::roomFor(hint);
-    widest = qMax(widest, minimumSizeHint().width()); // of the longest word
-    return {widest, heightForWidth(widest)};
+    m_widestLetters = letters;
+}
+
+void CaptionLabel::setEditor(const QWidget *editor)
+{
+    m_editor = editor;
+}
+
+QSize CaptionLabel::sizeHint() const
+{
+    ensurePolished();
+    const int widest = this->widest();
+    if (widest != m_widest || text() != m_text || font() != m_font) {
+        m_text = text();
+        m_font = font();
+        m_widest = widest;
+        m_hint = roomFor(widest);
+    }
+    return m_hint;
+}
+
+int CaptionLabel::widest() const
+{
+    const int own = m_widestLetters * fontMetrics().averageCharWidth();
+    return m_editor ? qMax(own, m_editor->sizeHint().width()) : own;
+}
+
+QSize CaptionLabel::roomFor(int widest) const
+{
+    // A line is full a little before its letters fill it: the last one may slant over its end.
+    const int oneLine = fontMetrics().size(0, text()).width() - qMin(0, fontMetrics().minRightBearing()) + 1;
+    const int longestWord = minimumSizeHint().width();
+    const int width = qMax(qMin(oneLine, widest), longestWord);
+    // Not the height that the toolkit counts for its own hint, in whose very width there may be a line more.
+    return {width, heightForWidth(width)};
 }

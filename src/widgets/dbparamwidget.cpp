@@ -54,6 +54,8 @@ DBParamWidget::DBParamWidget(QWidget *parent)
 {
     // The form connects no slots by name: it has none, and looking for them was a tenth of the cost of a page.
     m_ui->setupUi(this);
+    m_ui->topLabel->setEditor(m_ui->centralWidget);
+    m_ui->bottomLabel->setEditor(m_ui->centralWidget);
     setLabelPosition(LabelPosition::Left);
 }
 

@@ -209,6 +209,8 @@ private Q_SLOTS:
     void aFailedSaveIsShown();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
+    void noPageScrolls_data();
+    void noPageScrolls();
     void theKeyboardReachesEverything();
     void aSearchLeadsToTheParameter();
     void aSearchScrollsAndUnfolds();
@@ -653,6 +655,33 @@ void TestMainWindow::nothingIsCutOff()
     QVERIFY(!window.list()->verticalScrollBar()->isVisible());
 }
 
+void TestMainWindow::noPageScrolls_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<int>("fontSize"); // points
+    for (const char *language : {"ru", "en"}) {
+        for (const int fontSize : {8, 9, 10})
+            QTest::addRow("%s, letters of %d points", language, fontSize) << language << fontSize;
+    }
+}
+
+void TestMainWindow::noPageScrolls()
+{
+    QFETCH(QString, language);
+    QFETCH(int, fontSize);
+    QApplication::setFont(QFont("Sans Serif", fontSize));
+    Translations translations("vxsettings-manager");
+    QVERIFY(translations.setLanguage(language));
+    const TestDatabase database;
+    const Window window(database, &translations);
+    QCOMPARE(window.window->size(), QSize(1024, 700));
+    for (const SettingsPageName &page : settingsPages) {
+        auto *area = qobject_cast<QScrollArea *>(window.go(page.group));
+        QTRY_VERIFY2(!area->horizontalScrollBar()->isVisible() && !area->verticalScrollBar()->isVisible(), page.name);
+    }
+    QVERIFY(!window.list()->verticalScrollBar()->isVisible());
+}
+
 void TestMainWindow::theKeyboardReachesEverything()
 {
     const TestDatabase database;
@@ -709,7 +738,7 @@ void TestMainWindow::aSearchScrollsAndUnfolds()
 {
     const TestDatabase database;
     const Window window(database);
-    window.window->resize(700, 300);
+    window.window->resize(700, 240);
     window.go(DBGroups::Employees);
     for (auto *frame : window.page()->findChildren<VXSettingsGroupWidget *>())
         frame->collapse();

@@ -513,6 +513,18 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
     </message>
+    <message>
+        <source>Загрузка настроек…</source>
+        <translation>Loading the settings…</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Изменения запишутся, когда она восстановится.</source>
+        <translation>There is no connection to the database. The changes will be saved when it is back.</translation>
+    </message>
+    <message>
+        <source>Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны.</source>
+        <translation>The connection is back. While it was gone the changes became others, so they were not saved.</translation>
+    </message>
 </context>
 <context>
     <name>Manager</name>

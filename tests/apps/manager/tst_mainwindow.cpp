@@ -34,12 +34,14 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QTest>
 #include <QToolButton>
 
 #include <memory>
+#include <optional>
 
 using namespace db::database;
 
@@ -201,6 +203,11 @@ private Q_SLOTS:
     void aSaveCanBeCancelled();
     void whatOthersSaveIsShown();
     void aLostConnectionIsANotice();
+    void aSaveWaitsForTheConnection();
+    void whatIsEditedMeanwhileIsNotSaved();
+    void waitingForTheConnectionCanBeCancelled();
+    void theWindowIsThereBeforeTheFirstLoad();
+    void aLongLoadCanBeCancelled();
     void aConflictCanBeOverwritten();
     void aConflictCanBeLeft();
     void theirsCanBeTaken();
@@ -525,6 +532,118 @@ void TestMainWindow::aLostConnectionIsANotice()
              QString("Сервер не отвечает. Изменения можно будет сохранить, когда связь восстановится."));
     Q_EMIT window.database.connectionRestored();
     QVERIFY(!notice->isVisible());
+}
+
+void TestMainWindow::aSaveWaitsForTheConnection()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    const auto *notice = window.window->findChild<QLabel *>("noticeLabel");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    QTRY_VERIFY(notice->isVisible());
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    QVERIFY(!window.save()->isEnabled());
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    QTRY_COMPARE(window.changeText(), QString("Несохранённых изменений нет"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
+    QVERIFY(!notice->isVisible());
+}
+
+void TestMainWindow::whatIsEditedMeanwhileIsNotSaved()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    window.typeHost("another");
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    const auto *notice = window.window->findChild<QLabel *>("noticeLabel");
+    QTRY_VERIFY2(notice->text().startsWith("Связь восстановлена."), qPrintable(notice->text()));
+    QVERIFY(notice->isVisible());
+    QVERIFY(window.save()->isEnabled());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+    window.clickSave();
+    QVERIFY(!notice->isVisible());
+    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("another"));
+}
+
+void TestMainWindow::waitingForTheConnectionCanBeCancelled()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    QTest::mouseClick(window.window->findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    QTRY_VERIFY(!window.window->findChild<QLabel *>("noticeLabel")->isVisible());
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::theWindowIsThereBeforeTheFirstLoad()
+{
+    const TestDatabase file;
+    InstallationDatabase database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample);
+    SettingsSession session(database);
+    QSettings().setValue("window/page", "users");
+    MainWindow window(database, session);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *list = window.findChild<PageList *>();
+    const auto *stack = window.findChild<QStackedWidget *>();
+    QCOMPARE(window.findChild<QLabel *>("changeLabel")->text(), QString("Загрузка настроек…"));
+    QVERIFY(!list->isEnabled() && !window.menuBar()->isEnabled());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->itemOf(DBGroups::Connection)).center());
+    QCOMPARE(stack->count(), 0);
+
+    session.load();
+    QTRY_COMPARE(stack->count(), 1);
+    QVERIFY(session.isOpen(DBGroups::Users));
+    QVERIFY(list->isEnabled() && window.menuBar()->isEnabled() && list->hasFocus());
+    QCOMPARE(window.findChild<QLabel *>("changeLabel")->text(), QString("Несохранённых изменений нет"));
+    // Loading once more builds nothing again.
+    const QWidget *page = stack->currentWidget();
+    QSignalSpy loaded(&session, &SettingsSession::loaded);
+    session.load();
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(stack->count(), 1);
+    QCOMPARE(stack->currentWidget(), page);
+}
+
+void TestMainWindow::aLongLoadCanBeCancelled()
+{
+    const TestDatabase file;
+    {
+        const Window created(file);
+    }
+    SqlConnection other(DatabaseLocation::ofFile(file.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(other.execute("PRAGMA journal_mode = DELETE") && other.execute("BEGIN EXCLUSIVE"));
+    InstallationDatabase database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample);
+    SettingsSession session(database);
+    MainWindow window(database, session);
+    window.show();
+    std::optional<DatabaseError> failure;
+    connect(&session, &SettingsSession::failed, &window, [&](const DatabaseError &error) { failure = error; });
+    session.load();
+    const auto *label = window.findChild<QLabel *>("changeLabel");
+    QTRY_VERIFY2(label->text().contains("занята"), qPrintable(label->text()));
+    QTest::mouseClick(window.findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QTRY_VERIFY(failure);
+    QCOMPARE(failure->kind, DatabaseError::Kind::Cancelled);
 }
 
 void TestMainWindow::aConflictCanBeOverwritten()

@@ -1,13 +1,19 @@
 #include "captionlabel.h"
 
+namespace {
+
+constexpr int leastLetters = 20; // beside an editor, however wide that is
+} // namespace
+
 void CaptionLabel::setWidest(int letters)
 {
     m_widestLetters = letters;
 }
 
-void CaptionLabel::setEditor(const QWidget *editor)
+void CaptionLabel::setEditor(const QWidget *editor, Place place)
 {
     m_editor = editor;
+    m_place = place;
 }
 
 QSize CaptionLabel::sizeHint() const
@@ -25,8 +31,10 @@ QSize CaptionLabel::sizeHint() const
 
 int CaptionLabel::widest() const
 {
-    const int own = m_widestLetters * fontMetrics().averageCharWidth();
-    return m_editor ? qMax(own, m_editor->sizeHint().width()) : own;
+    const int letter = fontMetrics().averageCharWidth();
+    const int own = m_widestLetters * letter;
+    const int editorWidth = m_editor ? m_editor->sizeHint().width() : 0;
+    return m_place == Place::Beside ? qMax(own - editorWidth, leastLetters * letter) : qMax(own, editorWidth);
 }
 
 QSize CaptionLabel::roomFor(int widest) const

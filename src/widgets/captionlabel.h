@@ -9,10 +9,13 @@ class CaptionLabel : public QLabel
 public:
     using QLabel::QLabel;
 
-    /// How wide to become before the text is broken into lines, measured in letters of average width.
+    enum class Place { AboveOrBelow, Beside };
+
+    /// How wide to become before the text is broken into lines, measured in letters of average width; beside an editor
+    /// together with it.
     void setWidest(int letters);
-    /// The text may become as wide as @p editor, above or below which it stands. Borrowed.
-    void setEditor(const QWidget *editor);
+    /// Where the editor is, which is borrowed. A text above or below one may become as wide as that.
+    void setEditor(const QWidget *editor, Place place);
 
     QSize sizeHint() const override;
 
@@ -22,6 +25,7 @@ private:
 
     int m_widestLetters = 0;
     const QWidget *m_editor = nullptr;
+    Place m_place = Place::Beside;
 
     // Layouts ask again and again, and breaking a text into lines is dear: the last answer and what it was given for.
     mutable QString m_text;

@@ -54,8 +54,10 @@ DBParamWidget::DBParamWidget(QWidget *parent)
 {
     // The form connects no slots by name: it has none, and looking for them was a tenth of the cost of a page.
     m_ui->setupUi(this);
-    m_ui->topLabel->setEditor(m_ui->centralWidget);
-    m_ui->bottomLabel->setEditor(m_ui->centralWidget);
+    for (CaptionLabel *label : {m_ui->topLabel, m_ui->bottomLabel})
+        label->setEditor(m_ui->centralWidget, CaptionLabel::Place::AboveOrBelow);
+    for (CaptionLabel *label : {m_ui->leftLabel, m_ui->rightLabel})
+        label->setEditor(m_ui->centralWidget, CaptionLabel::Place::Beside);
     setLabelPosition(LabelPosition::Left);
 }
 

@@ -35,6 +35,12 @@
 
 #include <initializer_list>
 
+/// The linker leaves out resources of a static library that nobody asks for. (Outside of every namespace: a macro.)
+static void makePictureAvailable()
+{
+    Q_INIT_RESOURCE(manager);
+}
+
 namespace {
 
 constexpr QSize initialSize(1024, 700);
@@ -94,7 +100,8 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     , m_notice(new QLabel)
     , m_bar(new ChangeBar)
 {
-    setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
+    makePictureAvailable();
+    setWindowIcon(QIcon(QStringLiteral(":/vxsettings-manager/icon.svg")));
     setCentralWidget(createCentralWidget());
     setMenuBar(m_menu);
     connectMenu();
@@ -104,6 +111,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
     auto *history = new EditHistory(m_session, this);
     m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    menu->setUndoActions(history->undoAction(), history->redoAction());
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);

@@ -25,6 +25,7 @@
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -192,6 +193,7 @@ private Q_SLOTS:
     void ctrlSSaves();
     void revertBringsEverythingBack();
     void anUndoLeadsToItsParameter();
+    void anEditorsOwnMenuUndoesTheSame();
     void aDependentFollows();
     void theLastPageAndTheSizeAreRemembered();
     void closingWithoutChangesAsksNothing();
@@ -285,7 +287,7 @@ void TestMainWindow::aFreshWindowHasNothingToSave()
     QVERIFY(!window.window->isWindowModified());
     QCOMPARE(window.changeText(), QString("Несохранённых изменений нет"));
     QVERIFY(window.window->windowTitle().contains("installation.db[*]"));
-    QVERIFY(!window.window->windowIcon().isNull());
+    QVERIFY(!window.window->windowIcon().pixmap(48).isNull());
 }
 
 void TestMainWindow::anEditIsShownEverywhere()
@@ -377,6 +379,30 @@ void TestMainWindow::anUndoLeadsToItsParameter()
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
     QCOMPARE(QApplication::focusWidget(), window.input<QWidget>(MOBILE_HOST));
     QVERIFY(!window.window->isWindowModified());
+}
+
+void TestMainWindow::anEditorsOwnMenuUndoesTheSame()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("first");
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.go(DBGroups::Connection);
+    auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, host->rect().center(), host->mapToGlobal(host->rect().center()));
+    QApplication::sendEvent(host, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().value(0)->text(), QString("&Отменить правку"));
+    QCOMPARE(menu->actions().value(1)->text(), QString("&Повторить правку"));
+    QVERIFY(menu->actions().value(2)->isSeparator());
+    // The last edit of all, not that of this line.
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().first()).center());
+    QCOMPARE(window.list()->chosen(), DBGroups::Users);
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QCOMPARE(host->text(), QString("first"));
+    QVERIFY(window.window->menuBar()->isEnabled());
 }
 
 void TestMainWindow::aDependentFollows()

@@ -12,9 +12,9 @@ run_packages=(
     fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
-    appstream clang clang-format clang-tidy codespell desktop-file-utils fish gcovr git groff-base libbenchmark-dev
-    librapidcheck-dev man-db pkg-config postgresql postgresql-common python3 shellcheck sqlite3 strace valgrind xauth
-    xvfb zsh
+    appstream clang clang-format clang-tidy clazy cmake-format codespell cppcheck desktop-file-utils fish gcovr git
+    groff-base libbenchmark-dev librapidcheck-dev man-db pkg-config postgresql postgresql-common python3 shellcheck
+    sqlite3 strace valgrind xauth xvfb zsh
 )
 
 packages=("${run_packages[@]}")

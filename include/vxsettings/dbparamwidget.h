@@ -105,7 +105,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    void keepCaptionsWhole();
     void placeMark();
     void placeProblem();
     /// Tells assistive technology what stands around the input widget, once somebody can see it.

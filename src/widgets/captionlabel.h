@@ -18,6 +18,8 @@ public:
     void setEditor(const QWidget *editor, Place place);
 
     QSize sizeHint() const override;
+    /// A label keeps its width in a wider column, and does not become less high there.
+    int heightForWidth(int width) const override;
 
 private:
     int widest() const;
@@ -28,8 +30,9 @@ private:
     Place m_place = Place::Beside;
 
     // Layouts ask again and again, and breaking a text into lines is dear: the last answer and what it was given for.
-    mutable QString m_text;
     mutable QFont m_font;
+    mutable int m_letter = 0; ///< its average width
+    mutable QString m_text;
     mutable int m_widest = 0;
     mutable QSize m_hint;
 };

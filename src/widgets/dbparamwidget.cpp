@@ -66,12 +66,8 @@ DBParamWidget::~DBParamWidget() = default;
 void DBParamWidget::setName(const QString &name)
 {
     linkCaptions(name); // before the text, because a label measures its text anew for it
-    for (QLabel *label : captionsOf(*m_ui)) {
+    for (QLabel *label : captionsOf(*m_ui))
         label->setText(name);
-        // What the previous text needed to be whole.
-        if (label->minimumHeight() > 0)
-            label->setMinimumHeight(0);
-    }
     describeInput();
 }
 
@@ -225,23 +221,12 @@ bool DBParamWidget::event(QEvent *event)
 
     const bool isHandled = QWidget::event(event);
     if (isVisible()) {
-        keepCaptionsWhole();
         placeMark();
         placeProblem();
         if (changesDescription)
             describeInput();
     }
     return isHandled;
-}
-
-void DBParamWidget::keepCaptionsWhole()
-{
-    // A caption keeps its preferred width in a wider column, but the layout asks for its height at the column's width,
-    // where it needs fewer lines.
-    for (QLabel *label : captionsOf(*m_ui)) {
-        if (label->isVisible() && label->height() < label->sizeHint().height())
-            label->setMinimumHeight(label->sizeHint().height());
-    }
 }
 
 void DBParamWidget::placeMark()

@@ -12,7 +12,7 @@ check() {
     local log status=0
     log=$(mktemp)
     # valgrind does not understand what the regular expressions compile to.
-    QT_ENABLE_REGEXP_JIT=0 QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 LANGUAGE='' timeout 300 \
+    QT_ENABLE_REGEXP_JIT=0 QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 LANGUAGE='' QTEST_FUNCTION_TIMEOUT=1200000 timeout 1200 \
         valgrind --quiet --error-exitcode=9 --soname-synonyms=somalloc=nouserintercepts "$1/$2" >"$log" 2>&1 || status=$?
     ((status == 0)) || {
         echo "$2 failed ($status):" >&2

@@ -6,6 +6,8 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -18,6 +20,9 @@ constexpr int titleSlack = 4;          // lines are broken a little before they 
 constexpr int margin = 3;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
+constexpr int lockedRole = Qt::UserRole + 1;
+constexpr QSize lockSize(14, 14);
+constexpr QPoint lockOffset(4, 3);
 
 struct Section
 {
@@ -83,6 +88,34 @@ QIcon icon(DBGroups group, const QPalette &palette)
                    QIcon::Selected);
     return icon;
 }
+
+/// A page with a lock at the foot of its picture if operators may not edit it: beside the title is no room for one.
+class PageDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &givenOption, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::paint(painter, givenOption, index);
+        if (!index.data(lockedRole).toBool())
+            return;
+        QStyleOptionViewItem option = givenOption;
+        initStyleOption(&option, index);
+        QRect lock(QPoint(), lockSize);
+        lock.moveBottomRight(
+            option.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &option).bottomRight() +
+            lockOffset);
+        const bool isSelected = option.state & QStyle::State_Selected;
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option.palette.brush(isSelected ? QPalette::Highlight : QPalette::Base));
+        painter->drawEllipse(QRectF(lock).adjusted(-1, -1, 1, 1));
+        const QColor color = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter->drawPixmap(lock,
+                            VXIconHelper::pixmap(QIcon::fromTheme(QStringLiteral("common-lock")), lockSize, color));
+    }
+};
 } // namespace
 
 PageList::PageList(QWidget *parent)
@@ -90,6 +123,7 @@ PageList::PageList(QWidget *parent)
 {
     setObjectName(QStringLiteral("pageList"));
     setIconSize(pictureSize);
+    setItemDelegate(new PageDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrap(true);
     setViewportMargins(margin, margin, margin, margin);
@@ -144,6 +178,15 @@ void PageList::setChanged(DBGroups group, bool changed)
     describe(itemOf(group));
 }
 
+void PageList::setLocked(DBGroups group, bool locked)
+{
+    if (locked)
+        m_locked.insert(int(group));
+    else
+        m_locked.remove(int(group));
+    describe(itemOf(group));
+}
+
 void PageList::setHits(const QMap<DBGroups, int> &hits)
 {
     m_hits = hits;
@@ -171,7 +214,15 @@ void PageList::describe(QListWidgetItem *item) const
     QFont font = this->font();
     font.setBold(isChanged);
     item->setFont(font);
-    item->setToolTip(isChanged ? tr("Есть несохранённые изменения") : QString());
+    const bool isLocked = m_locked.contains(int(group));
+    item->setData(lockedRole, isLocked);
+    QStringList words;
+    if (isChanged)
+        words << tr("Есть несохранённые изменения");
+    if (isLocked)
+        words << tr("Закрыта для операторов");
+    item->setToolTip(words.join(QStringLiteral(". ")));
+    item->setData(Qt::AccessibleDescriptionRole, item->toolTip());
     item->setSizeHint({0, heightOf(item)});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 /// A caption beside an editor, which would rather have another line than be wide: several columns of editors have to
 /// fit into a window. It asks for all the room that its words take.
@@ -26,7 +27,7 @@ private:
     QSize roomFor(int widest) const;
 
     int m_widestLetters = 0;
-    const QWidget *m_editor = nullptr;
+    QPointer<const QWidget> m_editor;
     Place m_place = Place::Beside;
 
     // Layouts ask again and again, and breaking a text into lines is dear: the last answer and what it was given for.

@@ -12,9 +12,10 @@ run_packages=(
     fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
-    appstream clang clang-format clang-tidy clazy cmake-format codespell cppcheck desktop-file-utils doxygen fish gcovr
-    git groff-base libbenchmark-dev librapidcheck-dev man-db pkg-config postgresql postgresql-common python3
-    python3-jsonschema qhelpgenerator-qt5 shellcheck sqlite3 strace valgrind xauth xvfb zsh
+    abigail-tools appstream autopkgtest blhc clang clang-format clang-tidy clazy cmake-format codespell cppcheck
+    debhelper debootstrap desktop-file-utils doxygen dpkg-dev fish gcovr git groff-base libbenchmark-dev
+    librapidcheck-dev lintian man-db pkg-config postgresql postgresql-common python3 python3-clang python3-jsonschema
+    qhelpgenerator-qt5 shellcheck sqlite3 strace valgrind xauth xvfb zsh
 )
 
 packages=("${run_packages[@]}")

@@ -117,7 +117,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    void followParameterProperty();
     void keepCaptionsWhole();
     void placeMark();
     void placeProblem();

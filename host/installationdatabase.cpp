@@ -157,7 +157,11 @@ void InstallationDatabase::load(const Callback<DatabaseResult<Installation>> &do
 void InstallationDatabase::save(const OBJECT_PARAMETERS &changes, const Installation &base, const QString &reason,
                                 const Callback<SaveResult> &done)
 {
-    const SaveOrder order{changes, base, reason};
+    save(SaveOrder{changes, base, reason}, done);
+}
+
+void InstallationDatabase::save(const SaveOrder &order, const Callback<SaveResult> &done)
+{
     const auto work = [order](DatabaseWorker &worker) {
         return worker.access<SaveResult>([&order, &worker](SettingsStore &store) {
             return store.save(order, [&worker] { return worker.mayCommit(); });

@@ -323,6 +323,10 @@ Environment variables:
         <source>Язык программы: ru (русский) или en (английский); иначе язык системы.</source>
         <translation>The language of the program: ru (Russian) or en (English); else that of the system.</translation>
     </message>
+    <message>
+        <source>Сохранить как администратор: и то, что операторам изменять нельзя.</source>
+        <translation>Save as an administrator: also what operators may not change.</translation>
+    </message>
 </context>
 <context>
     <name>Ctl</name>
@@ -383,6 +387,10 @@ For help: vxsettingsctl --help</translation>
         <source>Настройки «%1» нет в каталоге.</source>
         <translation>The catalogue has no setting “%1”.</translation>
     </message>
+    <message>
+        <source>true — операторы могут изменять страницу, false — нет; пока ничего не записано, можно изменять всё. Меняется с параметром --as-administrator.</source>
+        <translation>true: operators may change the page, false: they may not; while nothing is stored, everything may be changed. It is changed with the option --as-administrator.</translation>
+    </message>
 </context>
 <context>
     <name>DiffCommand</name>
@@ -440,16 +448,16 @@ For help: vxsettingsctl --help</translation>
         <translation>error in the command line</translation>
     </message>
     <message>
-        <source>недопустимое имя, значение или сочетание значений; ничего не сохранено</source>
-        <translation>invalid name, value or combination of values; nothing was saved</translation>
-    </message>
-    <message>
         <source>настройку одновременно изменил кто-то другой; ничего не сохранено</source>
         <translation>somebody else changed a setting at the same time; nothing was saved</translation>
     </message>
     <message>
         <source>ошибка базы данных или файла; ожидание прервано; неизвестно, сохранены ли изменения</source>
         <translation>database or file error; waiting interrupted; unknown whether the changes were saved</translation>
+    </message>
+    <message>
+        <source>недопустимое имя, значение или сочетание значений, закрытая страница; ничего не сохранено</source>
+        <translation>invalid name, value or combination of values, a locked page; nothing was saved</translation>
     </message>
 </context>
 <context>
@@ -674,6 +682,12 @@ For help: vxsettingsctl --help</translation>
 %1
 When the connection is back, see: vxsettingsctl history. If the save %2 is there, all changes were saved, otherwise none.</translation>
     </message>
+    <message>
+        <source>Ничего не сохранено.
+%1</source>
+        <translation>Nothing was saved.
+%1</translation>
+    </message>
 </context>
 <context>
     <name>SetCommand</name>
@@ -719,6 +733,10 @@ When the connection is back, see: vxsettingsctl history. If the save %2 is there
     <message>
         <source>Пробный запуск: ничего не записано.</source>
         <translation>Dry run: nothing was saved.</translation>
+    </message>
+    <message>
+        <source>%1: в базе данных не объект JSON, поле задать нельзя. Задайте %2 целиком.</source>
+        <translation>%1: the database does not hold a JSON object, so the member cannot be set. Set %2 as a whole.</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,8 @@
 #include "session.h"
 #include "texttable.h"
 
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/parameterdomain.h>
 #include <host/settingaddress.h>
 
@@ -117,6 +119,31 @@ QString text(const SettingAddress &address)
     return tip.isEmpty() ? facts.text() : facts.text() + QStringLiteral("\n%1\n").arg(tip);
 }
 
+/// Not in the catalogue, and on no page.
+Report describeAccess()
+{
+    const SettingAddress access{PageAccess::KEY};
+    QStringList flags;
+    for (const QString &page : PageNames::all())
+        flags.append(SettingAddress{access.key, page}.text());
+    TextTable facts;
+    facts.addRow({DescribeCommand::tr("Ключ:"), access.text()});
+    facts.addRow({DescribeCommand::tr("Название:"), access.caption()});
+    facts.addRow({DescribeCommand::tr("Вид:"), DescribeCommand::tr("объект JSON")});
+    facts.addRow({DescribeCommand::tr("Значения:"),
+                  DescribeCommand::tr("true — операторы могут изменять страницу, false — нет; пока ничего не записано, "
+                                      "можно изменять всё. Меняется с параметром --as-administrator.")});
+    facts.addRow({DescribeCommand::tr("Поля:"), flags.join(QStringLiteral(", "))});
+    Report report;
+    report.text = facts.text();
+    report.json.setObject({{QStringLiteral("key"), access.text()},
+                           {QStringLiteral("group"), QJsonValue()},
+                           {QStringLiteral("caption"), access.caption()},
+                           {QStringLiteral("kind"), QStringLiteral("json-object")},
+                           {QStringLiteral("members"), QJsonArray::fromStringList(flags)}});
+    return report;
+}
+
 Report describeAll()
 {
     TextTable table({DescribeCommand::tr("КЛЮЧ"), DescribeCommand::tr("НАЗВАНИЕ"), DescribeCommand::tr("ВИД"),
@@ -139,6 +166,8 @@ Report DescribeCommand::run(Session &session)
     if (name.isNull())
         return describeAll();
     const auto address = SettingAddress::fromText(name);
+    if (PageAccess::isAbout(address))
+        return describeAccess();
     if (!address.isKnown())
         return Report::failure(ExitDiffers, tr("Настройки «%1» нет в каталоге.").arg(TextTable::visible(name)));
     Report report;

@@ -37,6 +37,8 @@ run() {
     ) | sed "s|^$PWD/||"
 }
 
-run README.md localhost:5432
-run docs/host-guide.md localhost:5432
-run docs/administrator-guide.md db.example:5432
+failed=0
+run README.md localhost:5432 || failed=1
+run docs/host-guide.md localhost:5432 || failed=1
+run docs/administrator-guide.md db.example:5432 || failed=1
+exit $failed

@@ -100,6 +100,8 @@ class Shell:
 
 
 def complaint(command, printed, status):
+    if command.text.startswith("# "):
+        return "is for the administrator of a machine, and not skipped"
     if command.expected and [sameWhoever(line) for line in printed] != [sameWhoever(line) for line in command.expected]:
         return "prints something else"
     if not command.expected and status != 0:

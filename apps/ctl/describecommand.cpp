@@ -129,7 +129,7 @@ Report describeAccess()
     TextTable facts;
     facts.addRow({DescribeCommand::tr("Ключ:"), access.text()});
     facts.addRow({DescribeCommand::tr("Название:"), access.caption()});
-    facts.addRow({DescribeCommand::tr("Вид:"), DescribeCommand::tr("объект JSON")});
+    facts.addRow({DescribeCommand::tr("Вид:"), ParameterKind::tr("объект JSON")});
     facts.addRow({DescribeCommand::tr("Значения:"),
                   DescribeCommand::tr("true — операторы могут изменять страницу, false — нет; пока ничего не записано, "
                                       "можно изменять всё. Меняется с параметром --as-administrator.")});

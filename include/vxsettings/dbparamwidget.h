@@ -117,7 +117,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    void followParameterProperty();
     void placeMark();
     void placeProblem();
     /// Tells assistive technology what stands around the input widget, once somebody can see it.

@@ -47,6 +47,20 @@ QString plainText(const QString &text)
 {
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
+
+void followParameterProperty(DBParamWidget &editor)
+{
+    const QString key = editor.property(parameterProperty).toString();
+    const catalogue::Parameter *parameter = catalogue::findParameter(key);
+    if (!parameter)
+        return;
+    editor.setKey(key);
+    if (parameter->choices.count > 0)
+        editor.setParamValues(DBSettingsHelper::paramValues(key));
+    if (parameter->type == DBSettingsType::SpinBox)
+        editor.setParamRange(parameter->range);
+    editor.retranslate();
+}
 } // namespace
 
 DBParamWidget::DBParamWidget(QWidget *parent)
@@ -217,7 +231,7 @@ bool DBParamWidget::event(QEvent *event)
 {
     if (event->type() == QEvent::DynamicPropertyChange &&
         static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == parameterProperty)
-        followParameterProperty();
+        followParameterProperty(*this);
     const bool changesLayout = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
     const bool changesDescription = event->type() == QEvent::Show || event->type() == QEvent::ToolTipChange;
     if (!changesLayout && !changesDescription)
@@ -231,20 +245,6 @@ bool DBParamWidget::event(QEvent *event)
             describeInput();
     }
     return isHandled;
-}
-
-void DBParamWidget::followParameterProperty()
-{
-    const QString key = property(parameterProperty).toString();
-    const catalogue::Parameter *parameter = catalogue::findParameter(key);
-    if (!parameter)
-        return;
-    setKey(key);
-    if (parameter->choices.count > 0)
-        setParamValues(DBSettingsHelper::paramValues(key));
-    if (parameter->type == DBSettingsType::SpinBox)
-        setParamRange(parameter->range);
-    retranslate();
 }
 
 void DBParamWidget::placeMark()

@@ -5,6 +5,7 @@
 
 #include "editors.h"
 #include "messages.h"
+#include "sampledatabase.h"
 #include "testdatabase.h"
 
 #include <vxsettings/dbkeys.h>
@@ -128,11 +129,6 @@ public:
             throw std::runtime_error("not noticed");
     }
 };
-
-void makeSample(const TestDatabase &database)
-{
-    const Host created(database);
-}
 
 /// Address, base, theirs and mine of each conflict.
 QStringList words(const QVector<SettingsSession::Conflict> &conflicts)
@@ -286,12 +282,11 @@ void TestSettingsSession::aPageWithoutItsWidgetIsBuiltAgain()
 void TestSettingsSession::nothingToSave()
 {
     const TestDatabase database;
-    makeSample(database);
     // A text that an editor clamps, choices and objects that are not there, another JSON: nobody has edited them.
-    database.store(MAX_CARD_COUNT, "500");
-    database.store(CARD_VIEW_FORMAT, "77");
-    database.store(DEFAULT_DEPARTMENT, "4000000");
-    database.store(PIN_STRENGTH, R"({"max_len": 1, "extra": true})");
+    makeSample(database, {{MAX_CARD_COUNT, "500"},
+                          {CARD_VIEW_FORMAT, "77"},
+                          {DEFAULT_DEPARTMENT, "4000000"},
+                          {PIN_STRENGTH, R"({"max_len": 1, "extra": true})"}});
     database.execute("DELETE FROM settings WHERE key = 'PT_MOBILE_PORT'");
     const QHash<QString, QString> before = database.settings();
     const QVariant revisions = database.ask("SELECT sum(revision) FROM settings");
@@ -309,8 +304,7 @@ void TestSettingsSession::nothingToSave()
 void TestSettingsSession::onlyEditedSettingsAreWritten()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     QHash<QString, QString> expected = database.settings();
     Host host(database);
     const SettingAddress photo{EMPLOYEE_PHOTO_TYPE};
@@ -495,9 +489,8 @@ void TestSettingsSession::noCallSignalsASaveItself()
 void TestSettingsSession::jsonMembersWithoutEditorAreKept()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH,
-                   R"({"max_len": 12, "future": {"levels": [1, 2]}, "deny_equal": "true", "min_len": -3})");
+    makeSample(database, {{PIN_STRENGTH,
+                           R"({"max_len": 12, "future": {"levels": [1, 2]}, "deny_equal": "true", "min_len": -3})"}});
     Host host(database);
     host.click(denyEqual);
     QVERIFY(host.save().isDone());
@@ -524,8 +517,7 @@ void TestSettingsSession::unreadableJsonIsRefused()
 {
     QFETCH(QString, stored);
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, stored);
+    makeSample(database, {{PIN_STRENGTH, stored}});
     Host host(database);
     host.click(denyEqual);
 
@@ -544,8 +536,7 @@ void TestSettingsSession::unreadableJsonIsRefused()
 void TestSettingsSession::consentIsForTheTextThatWasNamed()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, "min=4");
+    makeSample(database, {{PIN_STRENGTH, "min=4"}});
     Host host(database);
     host.click(denyEqual);
     QCOMPARE(host.save().outcome, Outcome::Unreadable);
@@ -558,8 +549,7 @@ void TestSettingsSession::consentIsForTheTextThatWasNamed()
 void TestSettingsSession::unreadableJsonIsLeftAloneWithoutAnEdit()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, "min=4");
+    makeSample(database, {{PIN_STRENGTH, "min=4"}});
     Host host(database);
     host.type({MAX_CARD_COUNT}, "7");
     QVERIFY(host.save().isDone());
@@ -996,8 +986,7 @@ void TestSettingsSession::violationsAreOfWhatWouldBeStored()
 void TestSettingsSession::findingsAreOfWhatIsStored()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     Host host(database); // without any page
     const QVector<SettingFinding> findings = host.session->findings();
     QCOMPARE(findings.count(), 1);
@@ -1026,8 +1015,7 @@ void TestSettingsSession::aRepairIsAnEdit()
     QFETCH(SettingAddress, address);
     QFETCH(QString, stored);
     const TestDatabase database;
-    makeSample(database);
-    database.store(address.key, stored);
+    makeSample(database, {{address.key, stored}});
     Host host(database);
     host.open(DBGroups::Employees);
     const SettingFinding finding = host.session->findings().constFirst();
@@ -1052,8 +1040,7 @@ void TestSettingsSession::aRepairIsAnEdit()
 void TestSettingsSession::aRepairThatSomebodyElseMakesIsNoEdit()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     WatchingHost host(database);
     host.open(DBGroups::Employees);
     QVERIFY(host.session->replaceStored({MAX_CARD_COUNT}, "20"));
@@ -1173,9 +1160,7 @@ void TestSettingsSession::theSessionMayGoFirst()
 void TestSettingsSession::secretsReachNoLog()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PASSWORD_DEF, "canary-stored");
-    database.store(LOCKER_ACCESS_TOKEN, "canary-stored");
+    makeSample(database, {{PASSWORD_DEF, "canary-stored"}, {LOCKER_ACCESS_TOKEN, "canary-stored"}});
     const auto logOfARound = [&] {
         const CapturedMessages messages;
         Host host(database);

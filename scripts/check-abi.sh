@@ -27,15 +27,11 @@ check_exports() { # LIBRARY
 }
 
 check_headers() { # LIBRARY
-    local folder flags
-    read -ra flags <<< "-fPIC $(pkg-config --cflags Qt5Widgets)"
-    for folder in $(header_folders "$build" "$1"; header_folders "$build" localstorage); do
-        flags+=("-I$folder")
-    done
-    folder=$(header_folders "$build" "$1" | head -n 1)
-    scripts/promised-symbols.py "$folder/$1" "${flags[@]}" | sort --unique > "$work/promised"
-    sed -nE 's/^ \(c\+\+\)"(non-virtual thunk to )?(.*)@Base".*/\2/p' "debian/lib${1}1.symbols" | sort --unique > "$work/listed"
-    diff --label "the headers of lib$1" --label "debian/lib${1}1.symbols" "$work/promised" "$work/listed"
+    declared_by_headers "$build" "$1" > "$work/declared"
+    sed -nE 's/^ \(c\+\+\)"(non-virtual thunk to )?(.*)@Base".*/\2/p' "debian/lib${1}1.symbols" | LC_ALL=C sort --unique > "$work/listed"
+    diff --label "the headers of lib$1" --label "debian/lib${1}1.symbols" \
+        <(cut --fields 1 "$work/declared" | LC_ALL=C sort --unique) "$work/listed" &&
+        diff --label "abi/lib$1.returns" --label "the headers of lib$1" "abi/lib$1.returns" "$work/declared"
 }
 
 # abidiff tells in words what a change means, but looks at functions and variables: a structure that only a template of

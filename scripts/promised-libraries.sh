@@ -29,3 +29,14 @@ describe_library() { # BUILD_DIR LIBRARY
         --no-elf-needed --no-corpus-path --no-comp-dir-path --no-parameter-names --type-id-style hash \
         "$1/lib/lib$2.so" | scripts/prune-abi.py "${folders[@]}"
 }
+
+# What LIBRARY's public headers declare to be in it, one symbol a line, and behind a tab what a function returns.
+declared_by_headers() { # BUILD_DIR LIBRARY
+    local folder flags
+    read -ra flags <<< "-fPIC $(pkg-config --cflags Qt5Widgets)"
+    for folder in $(header_folders "$@"; header_folders "$1" localstorage); do
+        flags+=("-I$folder")
+    done
+    folder=$(header_folders "$@" | head -n 1)
+    scripts/promised-symbols.py "$folder/$2" "${flags[@]}" | LC_ALL=C sort --unique
+}

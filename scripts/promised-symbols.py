@@ -4,7 +4,8 @@
     promised-symbols.py FOLDER COMPILER_FLAGS...
 
 That is every function and variable that is declared for export and not defined in the header itself, and of exported
-classes what the compiler makes: type information, and the table of virtual functions where there is one.
+classes what the compiler makes: type information, and the table of virtual functions where there is one. Behind a tab stands
+what a function returns, of which its symbol tells nothing.
 """
 import pathlib
 import subprocess
@@ -48,10 +49,10 @@ def promised(cursors, inherited=None):
             yield from promised(cursor.get_children())
         elif cursor.kind in CLASSES and cursor.is_definition():
             if own == "default" and is_polymorphic(cursor):
-                yield from (what + cursor.type.spelling for what in ("vtable for ", "typeinfo for ", "typeinfo name for "))
+                yield from (f"{what}{cursor.type.spelling}\t" for what in ("vtable for ", "typeinfo for ", "typeinfo name for "))
             yield from promised(cursor.get_children(), own)
         elif cursor.kind in NAMED and own == "default" and is_elsewhere(cursor):
-            yield cursor.mangled_name
+            yield f"{cursor.mangled_name}\t{cursor.result_type.spelling}"
 
 
 def main(folder, *flags):

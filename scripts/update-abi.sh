@@ -28,4 +28,5 @@ build_libraries "$build"
 for library in "${libraries[@]}"; do
     update_symbols "$library"
     describe_library "$build" "$library" > "abi/lib$library.abi"
+    declared_by_headers "$build" "$library" > "abi/lib$library.returns"
 done

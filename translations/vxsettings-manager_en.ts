@@ -793,6 +793,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Показывать только настройки, с которыми что-то не так</source>
         <translation>Show only settings with which something is wrong</translation>
     </message>
+    <message>
+        <source>Очистить</source>
+        <translation>Clear</translation>
+    </message>
 </context>
 <context>
     <name>SearchResults</name>

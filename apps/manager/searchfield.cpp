@@ -256,6 +256,7 @@ void SearchField::retranslate()
     m_line->setPlaceholderText(
         tr("Поиск настроек (%1)").arg(QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText)));
     m_line->setAccessibleName(tr("Поиск настроек"));
+    m_line->findChild<QToolButton *>()->setAccessibleName(tr("Очистить"));
     m_line->setToolTip(
         tr("По названиям, вариантам, подсказкам, ключам и близким по смыслу словам, на русском и английском языках"));
 

@@ -1,5 +1,7 @@
 #include "searchresults.h"
 
+#include "followedselection.h"
+
 #include <vxsettings/dbsettingshelper.h>
 
 #include <QKeyEvent>
@@ -71,6 +73,7 @@ SearchResults::SearchResults(QWidget *parent)
     setItemDelegate(new ResultDelegate(this));
     setUniformItemSizes(true);
     setAutoFillBackground(true);
+    followSelection(*this);
 }
 
 void SearchResults::setHits(const QVector<SettingsSearch::Hit> &hits)

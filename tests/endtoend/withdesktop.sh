@@ -16,10 +16,12 @@ unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS QT_QPA_PLATFORM
 
 # Without -noreset the server starts anew whenever nobody is connected, and refuses those who come meanwhile.
 mkfifo "$folder/ready"
-Xvfb "$DISPLAY" -displayfd 3 -screen 0 "${DESKTOP_SIZE:-1280x1024}x24" -noreset -nolisten tcp \
+Xvfb "$DISPLAY" -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -noreset -nolisten tcp \
     3>"$folder/ready" 2>"$folder/display.log" &
 display=$!
 trap 'kill $display; wait $display || true; rm -rf "$folder"' EXIT
 read -r _ <"$folder/ready"
+# A keyboard with all that is typed: one that is changed on the way may lose keys.
+setxkbmap -layout us,ru
 # The buses tell at length what they start and what they may not.
 dbus-run-session -- "$@" 2> >(grep --line-buffered -vE '^(dbus-daemon|SpiRegistry|$)' >&2)

@@ -248,6 +248,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>скрыто</source>
         <translation>hidden</translation>
     </message>
+    <message>
+        <source>В редакторе «%1» снова %2. Осталось сохранить.</source>
+        <translation>The editor of “%1” has %2 again. It is still to be saved.</translation>
+    </message>
 </context>
 <context>
     <name>ImportDialog</name>

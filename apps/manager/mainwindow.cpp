@@ -233,7 +233,7 @@ void MainWindow::showParameter(const SettingAddress &address)
         return;
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
-    editor->setFocus(Qt::OtherFocusReason);
+    editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value, as when one comes with that key
 }
 
 void MainWindow::edit(const SettingAddress &address, const QString &text)

@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -107,6 +108,16 @@ const SettingAddress &SearchResults::currentAddress() const
 QString SearchResults::currentText() const
 {
     return m_hits.isEmpty() ? item(0)->text() : currentItem()->data(Qt::AccessibleTextRole).toString();
+}
+
+int SearchResults::contentWidth() const
+{
+    int widest = 0;
+    for (int row = 0; row < count(); ++row) {
+        for (const int role : {int(Qt::DisplayRole), placeRole})
+            widest = qMax(widest, fontMetrics().horizontalAdvance(item(row)->data(role).toString()));
+    }
+    return widest + 2 * horizontalMargin + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
 
 int SearchResults::contentHeight() const

@@ -82,7 +82,7 @@ class RealWindow(TestCase):
         press("Return")
         port = manager.editor("Порт")
         wait_for(lambda: port.is_("focused"), "the keyboard to be at what was found")
-        replace("9443")
+        write("9443")  # in place of what is there
         self.wait_changes(manager, 1)
         press("ctrl+s")
         review = manager.dialog("Изменения перед сохранением")
@@ -245,7 +245,7 @@ class RealWindow(TestCase):
         press("Return")
         port = manager.editor("Port")
         wait_for(lambda: port.is_("focused"), "the keyboard to be at what was found")
-        replace("9443")
+        write("9443")  # in place of what is there
         press("ctrl+s")
         review = manager.dialog("Changes before they are saved")
         self.assertIn("9443", [cell.name for cell in review.find("tree").children])

@@ -3,6 +3,8 @@ add_library(vx_compiler_settings INTERFACE)
 target_include_directories(vx_compiler_settings INTERFACE ${PROJECT_SOURCE_DIR}/compat)
 target_compile_options(vx_compiler_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow
+    # qCDebug(category) << … is a variadic macro without further arguments.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
     $<$<BOOL:${VXSETTINGS_WARNINGS_AS_ERRORS}>:-Werror>
     # Log contexts and assertions name files relative to the project, wherever it was built.
     -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)

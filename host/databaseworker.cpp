@@ -8,24 +8,28 @@ DatabaseWorker::DatabaseWorker(const Options &options)
     : m_options(options)
     , m_context(std::make_unique<QObject>())
 {
-    qRegisterMetaType<DatabaseWorker::Answer>("DatabaseWorker::Answer");
-    qRegisterMetaType<DatabaseError>("DatabaseError");
     m_context->moveToThread(this);
+    connect(this, &DatabaseWorker::called, m_context.get(), [this] { doCall(); });
     start();
 }
 
 DatabaseWorker::~DatabaseWorker() = default;
 
-void DatabaseWorker::call(quint64 number, const Work &work)
+void DatabaseWorker::call(const Work &work)
 {
     m_control.start();
-    QMetaObject::invokeMethod(
-        m_context.get(),
-        [this, number, work] {
-            const Answer answer = work(*this);
-            Q_EMIT answered(number, answer);
-        },
-        Qt::QueuedConnection);
+    m_calls.put(work);
+    Q_EMIT called();
+}
+
+std::optional<std::any> DatabaseWorker::takeAnswer()
+{
+    return m_answers.take();
+}
+
+std::optional<DatabaseError> DatabaseWorker::takeLoss()
+{
+    return m_losses.take();
 }
 
 void DatabaseWorker::cancel()
@@ -63,6 +67,14 @@ void DatabaseWorker::run()
     exec();
     close();
     m_context.reset();
+}
+
+void DatabaseWorker::doCall()
+{
+    if (const auto work = m_calls.take()) {
+        m_answers.put((*work)(*this));
+        Q_EMIT answered();
+    }
 }
 
 DatabaseError DatabaseWorker::cancelled() const
@@ -122,7 +134,8 @@ void DatabaseWorker::takeNews()
         break;
     case ServerLink::News::ConnectionLost:
         close();
-        Q_EMIT disconnected({m_options.location.name(), tr("Связь с сервером базы данных потеряна."),
-                             tr("Проверьте сеть и сервер."), DatabaseError::Kind::Disconnected});
+        m_losses.put({m_options.location.name(), tr("Связь с сервером базы данных потеряна."),
+                      tr("Проверьте сеть и сервер."), DatabaseError::Kind::Disconnected});
+        Q_EMIT disconnected();
     }
 }

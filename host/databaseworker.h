@@ -3,14 +3,17 @@
 #include <host/callcontrol.h>
 #include <host/databaseerror.h>
 #include <host/databaselocation.h>
+#include <host/mailbox.h>
 #include <host/settingsstore.h>
 
 #include <QRandomGenerator>
 #include <QThread>
 
+#include <any>
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QSocketNotifier;
 
@@ -23,9 +26,8 @@ class DatabaseWorker : public QThread
     Q_OBJECT
 
 public:
-    /// What comes of a call, to be called in the owner's thread.
-    using Answer = std::function<void()>;
-    using Work = std::function<Answer(DatabaseWorker &)>;
+    /// Yields what came of it. Copied and destroyed in both threads.
+    using Work = std::function<std::any(DatabaseWorker &)>;
 
     struct Options
     {
@@ -39,8 +41,12 @@ public:
     explicit DatabaseWorker(const Options &options);
     ~DatabaseWorker() override;
 
-    /// Does @p work in this thread, then emits answered() with @p number. One call at a time.
-    void call(quint64 number, const Work &work);
+    /// Does @p work in this thread, then emits answered(). One call at a time.
+    void call(const Work &work);
+    /// What came of the call, once.
+    std::optional<std::any> takeAnswer();
+    /// What made disconnected() be emitted, once.
+    std::optional<DatabaseError> takeLoss();
     /// Ends the waiting of the call under way.
     void cancel();
     /// Leaves the thread to itself: it breaks off what it does, and deletes this object. There are no signals any more.
@@ -59,17 +65,20 @@ public:
     DatabaseResult<bool> watch();
 
 Q_SIGNALS:
-    void answered(quint64 number, const DatabaseWorker::Answer &answer);
+    /// A call waits.
+    void called();
+    void answered();
     /// Another writer has the database locked.
     void blocked();
     /// Others may have written.
     void hinted();
-    void disconnected(const DatabaseError &error);
+    void disconnected();
 
 protected:
     void run() override;
 
 private:
+    void doCall();
     DatabaseError cancelled() const;
     std::optional<DatabaseError> open();
     void close();
@@ -78,6 +87,9 @@ private:
 
     Options m_options;
     CallControl m_control;
+    Mailbox<Work> m_calls;
+    Mailbox<std::any> m_answers;
+    Mailbox<DatabaseError> m_losses;
     std::unique_ptr<QObject> m_context;     ///< lives in the thread
     std::unique_ptr<SettingsStore> m_store; ///< lives in the thread; null while there is no connection
     std::unique_ptr<QSocketNotifier> m_notifier;

@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 using std::chrono::milliseconds;
 using vantorix::LocalStorage;
@@ -102,6 +103,7 @@ InstallationDatabase::InstallationDatabase(const DatabaseLocation &location, Mis
     , m_missing(missing)
     , m_limits(limits)
 {
+    qRegisterMetaType<DatabaseError>("DatabaseError");
     for (QTimer *timer : {&m_deadline, &m_resolveRetry, &m_reconnectRetry})
         timer->setSingleShot(true);
     connect(&m_deadline, &QTimer::timeout, this, &InstallationDatabase::overrun);
@@ -222,11 +224,9 @@ template <typename Result>
 InstallationDatabase::Call InstallationDatabase::callFor(const std::function<Result(DatabaseWorker &)> &work,
                                                          const Callback<Result> &done) const
 {
-    const auto run = [work, done](DatabaseWorker &worker) -> std::function<void()> {
-        const Result result = work(worker);
-        return [result, done] { done(result); };
-    };
-    return {run, [done](const DatabaseError &error) { done(Result::failed(error)); }, m_limits.call};
+    return {[work](DatabaseWorker &worker) { return std::any(work(worker)); },
+            [done](const std::any &answer) { done(std::any_cast<const Result &>(answer)); },
+            [done](const DatabaseError &error) { done(Result::failed(error)); }, m_limits.call};
 }
 
 template <typename Result>
@@ -258,7 +258,7 @@ void InstallationDatabase::startNext()
     if (!m_worker)
         startWorker();
     m_deadline.start(m_running->limit);
-    m_worker->call(++m_number, m_running->work);
+    m_worker->call(m_running->work);
 }
 
 void InstallationDatabase::startWorker()
@@ -266,30 +266,32 @@ void InstallationDatabase::startWorker()
     m_worker = new DatabaseWorker({m_location, m_missing, m_limits.busy, m_isWatching});
     // What a worker has said before it was abandoned may still arrive.
     const auto unlessAbandoned = [this, worker = m_worker](auto slot) {
-        return [this, worker, slot](const auto &...arguments) {
+        return [this, worker, slot] {
             if (worker == m_worker)
-                slot(arguments...);
+                slot();
         };
     };
-    connect(m_worker, &DatabaseWorker::answered, this,
-            unlessAbandoned([this](quint64 number, const DatabaseWorker::Answer &answer) { finish(number, answer); }));
+    connect(m_worker, &DatabaseWorker::answered, this, unlessAbandoned([this] { finish(); }));
     connect(m_worker, &DatabaseWorker::blocked, this, unlessAbandoned([this] {
                 m_deadline.start();
                 Q_EMIT waiting(Wait::Busy);
             }));
     connect(m_worker, &DatabaseWorker::hinted, this, unlessAbandoned([this] { refresh(); }));
-    connect(m_worker, &DatabaseWorker::disconnected, this,
-            unlessAbandoned([this](const DatabaseError &error) { lose(error); }));
+    connect(m_worker, &DatabaseWorker::disconnected, this, unlessAbandoned([this] {
+                if (const auto error = m_worker->takeLoss())
+                    lose(*error);
+            }));
 }
 
-void InstallationDatabase::finish(quint64 number, const std::function<void()> &answer)
+void InstallationDatabase::finish()
 {
-    if (number != m_number || !m_running)
+    const auto answer = m_worker->takeAnswer();
+    if (!answer)
         return;
     m_deadline.stop();
-    m_running.reset();
+    const Call call = *std::exchange(m_running, std::nullopt);
     const QPointer<InstallationDatabase> guard(this);
-    answer();
+    call.done(*answer);
     if (guard)
         startNext();
 }
@@ -300,10 +302,9 @@ void InstallationDatabase::overrun()
                               tr("Проверьте диск, сеть и сервер и повторите попытку."), Kind::Disconnected};
     m_worker->abandon();
     m_worker = nullptr;
-    const auto answer = m_running->overrun;
-    m_running.reset();
+    const Call call = *std::exchange(m_running, std::nullopt);
     const QPointer<InstallationDatabase> guard(this);
-    answer(error);
+    call.overrun(error);
     if (guard)
         startNext();
 }

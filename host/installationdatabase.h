@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QVector>
 
+#include <any>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -108,8 +109,9 @@ Q_SIGNALS:
 private:
     struct Call
     {
-        std::function<std::function<void()>(DatabaseWorker &)> work; ///< yields what to do with what came of it
-        std::function<void(const DatabaseError &)> overrun;          ///< instead of that
+        std::function<std::any(DatabaseWorker &)> work;     ///< in the worker's thread
+        std::function<void(const std::any &)> done;         ///< with what came of it
+        std::function<void(const DatabaseError &)> overrun; ///< instead of that
         std::chrono::milliseconds limit;
         bool isRefresh = false;
     };
@@ -129,7 +131,7 @@ private:
     void enqueue(const Call &call);
     void startNext();
     void startWorker();
-    void finish(quint64 number, const std::function<void()> &answer);
+    void finish();
     void overrun();
 
     void finishSave(const SaveOrder &order, const SaveResult &result, const Callback<SaveResult> &done);
@@ -153,7 +155,6 @@ private:
     DatabaseWorker *m_worker = nullptr; ///< deletes itself once it is abandoned
     std::deque<Call> m_calls;
     std::optional<Call> m_running;
-    quint64 m_number = 0; ///< of the call that is running, or was last
     QTimer m_deadline;
 
     std::optional<UnknownSave> m_unknown;

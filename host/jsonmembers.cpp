@@ -140,7 +140,7 @@ bool JsonMembers::areUnique() const
 
 QJsonValue JsonMembers::value(const QString &name) const
 {
-    return contains(name) ? parsed(written(name).last()) : QJsonValue(QJsonValue::Undefined);
+    return contains(name) ? parsed(written(name).constLast()) : QJsonValue(QJsonValue::Undefined);
 }
 
 std::optional<QString> JsonMembers::scalar(const QString &name) const
@@ -149,7 +149,7 @@ std::optional<QString> JsonMembers::scalar(const QString &name) const
     if (found.isString())
         return found.toString();
     if (found.isDouble() || found.isBool())
-        return written(name).last();
+        return written(name).constLast();
     return {};
 }
 

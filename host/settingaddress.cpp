@@ -94,7 +94,7 @@ SettingAddress SettingAddress::fromText(const QString &text)
     return {text.left(dot), text.mid(dot + 1)};
 }
 
-QVector<SettingAddress> SettingAddress::all()
+const QVector<SettingAddress> &SettingAddress::all()
 {
     return index().addresses;
 }

@@ -18,7 +18,7 @@ struct SettingAddress
     /// The part behind the first dot is the member. What is no address becomes one that is not known.
     static SettingAddress fromText(const QString &text);
     /// Every address of the catalogue in the order of the pages, the members behind their key.
-    static QVector<SettingAddress> all();
+    static const QVector<SettingAddress> &all();
 
     QString text() const;
 

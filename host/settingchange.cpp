@@ -13,7 +13,7 @@ QString valueOf(const JsonMembers &members, const QString &name)
 {
     if (const auto scalar = members.scalar(name))
         return scalar->isNull() ? QStringLiteral("") : *scalar;
-    return members.contains(name) ? members.written(name).last() : QString();
+    return members.contains(name) ? members.written(name).constLast() : QString();
 }
 
 bool areSame(const QString &left, const QString &right)

@@ -119,6 +119,7 @@ void SettingsDraft::read()
         return;
     }
     m_found.at = QDateTime::fromString(json[QStringLiteral("at")].toString(), Qt::ISODateWithMs);
+    // clazy:exclude=range-loop-reference (the iterators of an array make the values)
     for (const QJsonValue edit : json[QStringLiteral("edits")].toArray())
         m_found.edits.append(editFromJson(edit.toObject()));
 }

@@ -12,7 +12,7 @@ namespace {
 
 QString valueOf(const JsonMembers &members, const QString &name)
 {
-    return members.scalar(name).value_or(members.written(name).last());
+    return members.scalar(name).value_or(members.written(name).constLast());
 }
 
 /// What is to be said of a value that its editor shows as @p shown.

@@ -57,7 +57,7 @@ QString Translations::name(const QString &language)
     // The language of no country, or English would be American English.
     const QLocale locale(QLocale(language).language(), QLocale::World);
     const QString name = locale.nativeLanguageName();
-    return locale.toUpper(name.left(1)) + name.mid(1);
+    return locale.toUpper(name.left(1)) + name.mid(1); // clazy:exclude=qstring-left (may be empty)
 }
 
 QString Translations::preferred(const QStringList &wishes)

@@ -15,7 +15,9 @@ class DBParamWidget;
 class VXSETTINGS_AUTOTEST_EXPORT DBSettingsBuilder
 {
 public:
+    DBSettingsBuilder() = default;
     virtual ~DBSettingsBuilder();
+    Q_DISABLE_COPY(DBSettingsBuilder)
 
     /// Hands the node over; the builder holds nothing afterwards.
     virtual std::unique_ptr<DBSettings> getSettings() = 0;

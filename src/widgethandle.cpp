@@ -3,6 +3,7 @@
 #include <qtcompat.h>
 
 #include <QPointer>
+#include <QVector>
 
 namespace widgethandle {
 namespace {
@@ -14,17 +15,49 @@ bool isDying(const QWidget *widget)
     return !widget->nextInFocusChain();
 }
 
-/// Takes out of @p frame what is in the middle of its destruction and would be deleted a second time.
-/// QWidget::setParent() needs a whole widget, so this is QObject's.
+/// Guarded, because whatever hears of one's death may delete others.
+using Widgets = QVector<QPointer<QWidget>>;
+
+Widgets wholeChildren(const QWidget *widget)
+{
+    Widgets whole;
+    for (QObject *child : widget->children()) {
+        if (auto *candidate = qobject_cast<QWidget *>(child); candidate && !isDying(candidate))
+            whole.append(candidate);
+    }
+    return whole;
+}
+
+/// The innermost first.
+Widgets dyingBelow(const QWidget *frame)
+{
+    Widgets dying;
+    for (QWidget *widget : qtcompat::findChildren<QWidget>(frame)) {
+        if (isDying(widget))
+            dying.prepend(widget);
+    }
+    return dying;
+}
+
+/// Lets go of what is in the middle of its destruction, inside of a frame that is deleted before it is through.
+void release(QWidget *dying)
+{
+    // The widgets above the frame would remember a focus in there for good.
+    if (QWidget *focused = dying->focusWidget())
+        focused->clearFocus();
+    // Its window would keep them among what waits for a repaint, if they died below no window.
+    for (const QPointer<QWidget> &child : wholeChildren(dying))
+        delete child;
+    // QWidget::setParent() needs a whole widget, so this is QObject's.
+    dying->QObject::setParent(nullptr);
+}
+
+/// Takes out of @p frame what would be deleted a second time.
 void releaseDying(const QWidget *frame)
 {
-    for (QWidget *widget : qtcompat::findChildren<QWidget>(frame)) {
-        if (!isDying(widget))
-            continue;
-        // The widgets above the frame would remember a focus in there for good.
-        if (QWidget *focused = widget->focusWidget())
-            focused->clearFocus();
-        widget->QObject::setParent(nullptr);
+    for (const QPointer<QWidget> &dying : dyingBelow(frame)) {
+        if (dying)
+            release(dying);
     }
 }
 

@@ -62,21 +62,28 @@ private:
 
 namespace {
 
-const QKeySequence undoKeys(QStringLiteral("Ctrl+Z"));
-const QKeySequence redoKeys(QStringLiteral("Ctrl+Shift+Z"));
+QKeySequence undoKeys()
+{
+    return {QStringLiteral("Ctrl+Z")};
+}
+
+QKeySequence redoKeys()
+{
+    return {QStringLiteral("Ctrl+Shift+Z")};
+}
 
 bool isUndoOrRedo(const QKeyEvent &event)
 {
     return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo) ||
-           QKeySequence(int(event.modifiers()) | event.key()) == redoKeys;
+           QKeySequence(int(event.modifiers()) | event.key()) == redoKeys();
 }
 } // namespace
 
 EditHistory::EditHistory(SettingsSession &session, QWidget *window)
     : QObject(window)
     , m_session(session)
-    , m_undo(createAction(undoKeys, &EditHistory::undo))
-    , m_redo(createAction(redoKeys, &EditHistory::redo))
+    , m_undo(createAction(undoKeys(), &EditHistory::undo))
+    , m_redo(createAction(redoKeys(), &EditHistory::redo))
 {
     retranslate();
     window->installEventFilter(this);

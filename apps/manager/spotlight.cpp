@@ -47,6 +47,6 @@ void Spotlight::paintEvent(QPaintEvent *)
     painter.setPen(QPen(color, lineWidth));
     color.setAlphaF(tint);
     painter.setBrush(color);
-    const qreal inset = lineWidth / 2;
+    const qreal inset = lineWidth * 0.5;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
 }

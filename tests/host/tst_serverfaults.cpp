@@ -361,7 +361,7 @@ void TestServerFaults::othersAreHeardAfterALoss()
     for (int round = 0; round < times; ++round) {
         heard.clear();
         auto storing = storeSoon(*server, "PT_MOBILE_HOST");
-        QVERIFY(runUntil([&] { return heard.contains("PT_MOBILE_HOST"); }));
+        QVERIFY(runUntil([&] { return heard.contains("PT_MOBILE_HOST") && isReady(storing); }));
         storing.get();
 
         const int losses = connection.losses();
@@ -378,7 +378,7 @@ void TestServerFaults::othersAreHeardAfterALoss()
         QVERIFY(runUntil([&] { return heard.contains("PT_MOBILE_PORT"); }));
 
         storing = storeSoon(*server, "PT_USER_SESSION_TIMEOUT");
-        QVERIFY(runUntil([&] { return heard.contains("PT_USER_SESSION_TIMEOUT"); }));
+        QVERIFY(runUntil([&] { return heard.contains("PT_USER_SESSION_TIMEOUT") && isReady(storing); }));
         storing.get();
     }
     const int blocked = watch.longest();

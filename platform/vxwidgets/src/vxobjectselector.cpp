@@ -57,7 +57,7 @@ void VXObjectSelector::setCurrentUid(unsigned int uid)
 QModelIndex VXObjectSelector::choosableIndex(unsigned int uid) const
 {
     const QModelIndex index = proxyModel() ? proxyModel()->indexOf(uid) : QModelIndex();
-    return index.flags() & Qt::ItemIsSelectable ? index : QModelIndex();
+    return (index.flags() & Qt::ItemIsSelectable) ? index : QModelIndex();
 }
 
 void VXObjectSelector::followChoice()

@@ -15,7 +15,7 @@ QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
 {
     if (!(option.state & QStyle::State_Enabled))
         return QPalette::Disabled;
-    return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    return (option.state & QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
 }
 
 void greyOut(QPalette *palette)

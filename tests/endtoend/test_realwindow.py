@@ -1,5 +1,7 @@
 """The manager in a real window, with the mouse and the keyboard of its display. The accessible tree says what shows."""
 
+import contextlib
+import sqlite3
 import stat
 import unittest
 
@@ -196,6 +198,60 @@ class RealWindow(TestCase):
         again = self.start()
         again.window.find("layered pane").find("panel", "Пользователи")
         self.assertEqual([], again.tree.all("alert message"))
+
+    def choose_file(self, manager, path, *menu):
+        manager.choose(*menu)
+        manager.dialog()
+        replace(str(path))
+        press("Return")
+
+    def test_an_import_is_shown_chosen_and_saved(self):
+        backup = FOLDER / "backup.json"
+        self.ctl.run("export", str(backup))
+        self.ctl.run("set", "PT_MOBILE_PORT=1", "PT_PASSWORD_EXPIRED=50")
+        manager = self.start()
+        self.choose_file(manager, backup, "Файл", "Импорт")
+        preview = manager.dialog("Загрузка настроек из файла")
+        self.assertIn("изменятся: 2", preview.find("label", "Файл «backup.json»…").name)
+        press("space")  # takes the first one out: the page of users comes before that of connections
+        click(preview.find("push button", "Взять отмеченные: 1"))
+        manager.wait_closed(preview)
+        self.wait_changes(manager, 1)
+        press("ctrl+s")
+        manager.dialog("Изменения перед сохранением")
+        press("Return")
+        self.wait_stored("PT_MOBILE_PORT", "8443")
+        self.assertEqual("50", self.ctl.get("PT_PASSWORD_EXPIRED"))
+
+    def test_files_are_written(self):
+        manager = self.start()
+        report, backup = FOLDER / "report.pdf", FOLDER / "export.json"
+        self.choose_file(manager, report, "Файл", "Отчёт")
+        wait_for(lambda: report.exists() and report.read_bytes().rstrip().endswith(b"%%EOF"), "the report")
+        wait_for(lambda: not manager.tree.all("dialog"), "the question for the file to close")
+        self.choose_file(manager, backup, "Файл", "Экспорт")
+        wait_for(backup.exists, "the export")
+        self.ctl.run("diff", str(backup))
+
+    def test_what_is_stored_wrongly_is_marked_and_found(self):
+        with contextlib.closing(sqlite3.connect(self.database)) as database:
+            database.execute("UPDATE settings SET value = '99' WHERE key = 'PT_MAX_CARD_COUNT'")
+            database.commit()
+        manager = self.start()
+        click(manager.find("check box", "С ошибками (1)"))
+        manager.find("list", "Результаты поиска")
+        press("Return")
+        cards = manager.editor("Максимальное количество карт сотрудника")
+        wait_for(lambda: cards.is_("focused"), "the keyboard to be at what is wrong")
+        self.assertIn("Сохранено: «99», показано: 20.", cards.description)
+        write("7")
+        self.wait_value(cards, 7)
+        press("ctrl+s")
+        manager.dialog("Изменения перед сохранением")
+        press("Return")
+        self.wait_stored("PT_MAX_CARD_COUNT", "7")
+        manager.find("check box", "С ошибками (0)")
+        wait_for(lambda: not cards.description, "the mark to go")
 
     def drafts(self):
         return list(FOLDER.rglob("drafts/*.json"))

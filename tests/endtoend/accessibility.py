@@ -10,7 +10,7 @@ from gi.repository import Gio, GLib
 
 INTERFACE = "org.a11y.atspi."
 ROOT = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
-PATIENCE = 6  # seconds, for everything that is waited for
+PATIENCE = 30  # seconds, for everything that is waited for
 LONGEST_CALL = 5000  # milliseconds
 PASSWORD_ROLE = 40
 LABEL_FOR = 1

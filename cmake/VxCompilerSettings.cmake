@@ -1,3 +1,7 @@
+# Programs are position independent with every compiler, not only where that is its default.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
 # Compiler settings that every target of this project shares; they never reach a consumer.
 add_library(vx_compiler_settings INTERFACE)
 target_include_directories(vx_compiler_settings INTERFACE ${PROJECT_SOURCE_DIR}/compat)

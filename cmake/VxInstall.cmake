@@ -31,7 +31,9 @@ function(vx_install_library target)
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME ${target}${VX_NAME_SUFFIX}
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR})
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${arg_HEADERS}>
         $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/include>

@@ -1,6 +1,7 @@
 #include "healthcheck.h"
 
 #include <host/jsonmembers.h>
+#include <host/pageaccess.h>
 #include <host/settingrules.h>
 #include <host/storedtext.h>
 
@@ -16,7 +17,7 @@ HealthCheck::HealthCheck(const OBJECT_PARAMETERS &settings, const ObjectIndex &o
 
 QVector<SettingFinding> HealthCheck::findings() const
 {
-    return valueFindings() + ruleFindings() + unknownKeyFindings();
+    return valueFindings() + ruleFindings() + PageAccess::in(m_settings).findings() + unknownKeyFindings();
 }
 
 OBJECT_PARAMETERS HealthCheck::repairs(const QVector<SettingFinding> &findings) const
@@ -69,7 +70,7 @@ QVector<SettingFinding> HealthCheck::unknownKeyFindings() const
     QVector<SettingFinding> findings;
     for (auto setting = m_settings.cbegin(); setting != m_settings.cend(); ++setting) {
         const SettingAddress address{setting.key()};
-        if (!address.isKnown())
+        if (!address.isKnown() && !PageAccess::isAbout(address))
             findings.append({address, Kind::UnknownKey, SettingProblem::words(Kind::UnknownKey), *setting, {}, {}});
     }
     std::sort(findings.begin(), findings.end(), [](const SettingFinding &left, const SettingFinding &right) {

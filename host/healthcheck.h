@@ -18,7 +18,8 @@ public:
     /// @p settings: stored key → text. @p objects must live longer.
     HealthCheck(const vantorix::OBJECT_PARAMETERS &settings, const ObjectIndex &objects);
 
-    /// In the order of the pages, then the broken rules, then the unknown keys in alphabetical order.
+    /// In the order of the pages, then the broken rules, then what PageAccess finds, then the unknown keys in
+    /// alphabetical order.
     QVector<SettingFinding> findings() const;
 
     /// What to store so that the repairs of all @p findings are made, which findings() has given: key → text. What is

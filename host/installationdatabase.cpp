@@ -1,6 +1,7 @@
 #include "installationdatabase.h"
 
 #include "databaseworker.h"
+#include "hostlog.h"
 
 #include <localstorage/localstorage.h>
 
@@ -156,7 +157,11 @@ void InstallationDatabase::load(const Callback<DatabaseResult<Installation>> &do
 void InstallationDatabase::save(const OBJECT_PARAMETERS &changes, const Installation &base, const QString &reason,
                                 const Callback<SaveResult> &done)
 {
-    const SaveOrder order{changes, base, reason};
+    save(SaveOrder{changes, base, reason}, done);
+}
+
+void InstallationDatabase::save(const SaveOrder &order, const Callback<SaveResult> &done)
+{
     const auto work = [order](DatabaseWorker &worker) {
         return worker.access<SaveResult>([&order, &worker](SettingsStore &store) {
             return store.save(order, [&worker] { return worker.mayCommit(); });
@@ -300,6 +305,7 @@ void InstallationDatabase::overrun()
 {
     const DatabaseError error{m_location.name(), tr("База данных не ответила вовремя."),
                               tr("Проверьте диск, сеть и сервер и повторите попытку."), Kind::Disconnected};
+    qCInfo(hostLog()) << "No answer in time, connection thrown away:" << m_location.name();
     m_worker->abandon();
     m_worker = nullptr;
     const Call call = *std::exchange(m_running, std::nullopt);
@@ -314,6 +320,7 @@ void InstallationDatabase::finishSave(const SaveOrder &order, const SaveResult &
 {
     note(result.error);
     if (result.outcome == SaveResult::Outcome::Unknown) {
+        qCInfo(hostLog()) << "Nobody knows yet whether save" << order.id << "is stored:" << result.error->reason;
         m_unknown = UnknownSave{order, *result.error, done};
         resolve();
         return;
@@ -325,8 +332,10 @@ void InstallationDatabase::finishSave(const SaveOrder &order, const SaveResult &
 /// Asks for the unknown save before anything else is done.
 void InstallationDatabase::resolve()
 {
-    if (m_unknown->isGivenUp)
+    if (m_unknown->isGivenUp) {
+        qCInfo(hostLog()) << "Given up to find out about save" << m_unknown->order.id;
         return concludeUnknown(SaveResult::unknown(m_unknown->order.id, m_unknown->error));
+    }
     Q_EMIT waiting(Wait::Resolving);
 
     using Result = DatabaseResult<QVector<HistoryRecord>>;
@@ -337,11 +346,10 @@ void InstallationDatabase::resolve()
         },
         [this, id](const Result &result) {
             if (result.error)
-                startLater(m_resolveRetry, m_limits);
-            else if (result.value.isEmpty())
-                concludeUnknown(SaveResult::failed(m_unknown->error));
-            else
-                concludeUnknown(resultOf(id, result.value));
+                return startLater(m_resolveRetry, m_limits);
+            const bool isStored = !result.value.isEmpty();
+            qCInfo(hostLog()) << "Found out about save" << id << (isStored ? "that it is stored" : "that it is not");
+            concludeUnknown(isStored ? resultOf(id, result.value) : SaveResult::failed(m_unknown->error));
         }));
     startNext();
 }
@@ -440,6 +448,7 @@ void InstallationDatabase::lose(const DatabaseError &error)
     m_connection = m_isWatching ? Connection::Lost : Connection::None;
     if (!m_isWatching)
         return;
+    qCInfo(hostLog()) << "Connection lost:" << m_location.name() << error.reason;
     reset(m_reconnectRetry);
     startLater(m_reconnectRetry, m_limits);
     Q_EMIT connectionLost(error);
@@ -448,6 +457,7 @@ void InstallationDatabase::lose(const DatabaseError &error)
 /// What was told while there was no connection is gone, so everything is read again.
 void InstallationDatabase::reconnect()
 {
+    qCDebug(hostLog()) << "Connecting again:" << m_location.name();
     m_isReconnecting = true;
     Q_EMIT waiting(Wait::Connecting);
     using Result = DatabaseResult<Installation>;
@@ -456,6 +466,7 @@ void InstallationDatabase::reconnect()
                                 m_isReconnecting = false;
                                 if (result.error)
                                     return startLater(m_reconnectRetry, m_limits);
+                                qCInfo(hostLog()) << "Connection restored:" << m_location.name();
                                 reset(m_reconnectRetry);
                                 m_connection = Connection::Alive;
                                 Q_EMIT connectionRestored();

@@ -4,6 +4,7 @@
 #include <host/databaseresult.h>
 #include <host/historyrecord.h>
 #include <host/installation.h>
+#include <host/saveorder.h>
 #include <host/saveresult.h>
 #include <host/settingsstore.h>
 
@@ -83,6 +84,7 @@ public:
     /// the same text. Every change is remembered in the history, with @p reason unless it is empty.
     void save(const vantorix::OBJECT_PARAMETERS &changes, const Installation &base, const QString &reason,
               const Callback<SaveResult> &done);
+    void save(const SaveOrder &order, const Callback<SaveResult> &done);
     /// Reads the changes of @p key, of all settings if it is empty, oldest first.
     void history(const QString &key, const Callback<DatabaseResult<QVector<HistoryRecord>>> &done);
     /// Reads what the setting held at @p revision, null if that is not remembered: a secret's earlier texts are not.

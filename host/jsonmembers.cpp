@@ -158,6 +158,11 @@ void JsonMembers::setText(const QString &name, const QString &text)
     m_members.insert_or_assign(name, Member{quoted(name), {quoted(text)}});
 }
 
+void JsonMembers::setFlag(const QString &name, bool flag)
+{
+    m_members.insert_or_assign(name, Member{quoted(name), {flag ? QStringLiteral("true") : QStringLiteral("false")}});
+}
+
 QString JsonMembers::text() const
 {
     QString text = QStringLiteral("{\n");

@@ -33,6 +33,8 @@ public:
 
     /// Makes the JSON string @p text the only value of @p name.
     void setText(const QString &name, const QString &text);
+    /// Makes @p flag, a JSON boolean, the only value of @p name.
+    void setFlag(const QString &name, bool flag);
 
     /// The object with a member a line, ascending, and a final line break: what the settings library writes for the
     /// same members. Values stay as they are written; of several values of one name the one that

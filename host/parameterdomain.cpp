@@ -137,11 +137,7 @@ constexpr FlagWord flagWords[] = {
 
 QString flag(const Parameter &, const QString &words)
 {
-    for (const FlagWord &known : flagWords) {
-        if (areAlike(words, QString::fromUtf8(known.word)) || areAlike(words, ParameterDomain::tr(known.word)))
-            return QString::fromLatin1(known.stored);
-    }
-    return words;
+    return ParameterDomain::storedFlag(words);
 }
 
 Kind flagProblem(const Parameter &, const QString &stored)
@@ -280,6 +276,15 @@ ParameterDomain::ParameterDomain(const QString &parameter, const ObjectIndex &ob
 QString ParameterDomain::stored(const QString &words) const
 {
     return editorOf(m_parameter).stored({m_parameter, m_objects}, words);
+}
+
+QString ParameterDomain::storedFlag(const QString &words)
+{
+    for (const FlagWord &known : flagWords) {
+        if (areAlike(words, QString::fromUtf8(known.word)) || areAlike(words, tr(known.word)))
+            return QString::fromLatin1(known.stored);
+    }
+    return words;
 }
 
 Kind ParameterDomain::problem(const QString &stored) const

@@ -19,6 +19,9 @@ public:
     /// that makes two of them one; for no object an empty text. Anything else stays as it is.
     QString stored(const QString &words) const;
 
+    /// The same for a flag that is no parameter of the catalogue.
+    static QString storedFlag(const QString &words);
+
     SettingProblem::Kind problem(const QString &stored) const;
 
     /// What the editor makes of @p stored, a text or the value of a JSON member, as the text that it would save. An

@@ -20,6 +20,14 @@ SaveResult SaveResult::unreadable(const QStringList &keys)
     return {Outcome::Unreadable, {}, keys, {}};
 }
 
+SaveResult SaveResult::forbidden(const QStringList &keys)
+{
+    SaveResult result;
+    result.outcome = Outcome::Forbidden;
+    result.forbiddenKeys = keys;
+    return result;
+}
+
 SaveResult SaveResult::failed(const DatabaseError &error)
 {
     return {Outcome::Failed, {}, {}, error};

@@ -29,6 +29,7 @@ struct [[nodiscard]] SaveResult
         Saved,
         Conflicting, ///< see conflicts
         Unreadable,  ///< a stored JSON text cannot be merged with an edit, see unreadableKeys
+        Forbidden,   ///< an operator may not change them, see forbiddenKeys and PageAccessWords::refusal()
         Failed,      ///< nothing was written, see error
         Unknown,     ///< it may or may not be stored, see error and saveId
     };
@@ -40,11 +41,13 @@ struct [[nodiscard]] SaveResult
     QString saveId = {};                   ///< of what was or may be saved, as the history has it
     QHash<QString, qint64> revisions = {}; ///< stored key → its new revision, of every setting that was changed
     ChangeStamp stamp = {};                ///< of what was saved
+    QStringList forbiddenKeys = {};        ///< sorted
 
     static SaveResult nothingToDo();
     static SaveResult saved(const QString &saveId, const QHash<QString, qint64> &revisions, const ChangeStamp &stamp);
     static SaveResult conflicting(const QVector<SettingConflict> &conflicts);
     static SaveResult unreadable(const QStringList &keys);
+    static SaveResult forbidden(const QStringList &keys);
     static SaveResult failed(const DatabaseError &error);
     static SaveResult unknown(const QString &saveId, const DatabaseError &error);
 

@@ -1,6 +1,8 @@
 #include "settingaddress.h"
 
 #include <host/jsonmembers.h>
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/settingspages.h>
 
 #include <vxsettings/dbsettingshelper.h>
@@ -126,6 +128,8 @@ const QString &SettingAddress::parameter() const
 
 QString SettingAddress::caption() const
 {
+    if (PageAccess::isAbout(*this))
+        return PageAccessWords::caption(*this);
     if (isJsonObject())
         return DBSettingsHelper::groupName(DBSettingsHelper::jsonGroup(key));
     if (!isKnown())
@@ -152,6 +156,8 @@ std::optional<QString> SettingAddress::textWith(const QString &value, const QStr
     auto members = stored.trimmed().isEmpty() ? JsonMembers() : JsonMembers::fromText(stored);
     if (!members || !members->areUnique())
         return {};
+    if (PageAccess::isAbout(*this))
+        return PageAccess(members->text()).textWith({{member, value == QLatin1String("true")}});
     members->setText(member, value);
     return members->text();
 }

@@ -22,8 +22,8 @@ struct SettingAddress
 
     QString text() const;
 
-    /// Whether the catalogue has it. Only then the four functions below may be called, the last one for all members of
-    /// an object that the catalogue has.
+    /// Whether the catalogue has it. Only then the four functions below may be called, the last one also for all
+    /// members of an object that the catalogue has, and for PageAccess.
     bool isKnown() const;
     /// Whether a JSON object is stored here.
     bool isJsonObject() const;
@@ -39,7 +39,8 @@ struct SettingAddress
     /// What is stored here; of a member its JsonMembers::scalar(). Nothing if there is nothing of that kind.
     std::optional<QString> valueIn(const QHash<QString, QString> &settings) const;
     /// What to store under the key so that @p value is stored here; @p stored, null or empty for nothing, is there now.
-    /// Other members stay as they are written. Nothing for a member of a text that is no JSON object of unique names.
+    /// Other members stay as they are written; those of PageAccess are booleans. Nothing for a member of a text that is
+    /// no JSON object of unique names.
     std::optional<QString> textWith(const QString &value, const QString &stored) const;
 };
 

@@ -1,6 +1,8 @@
 #include "settingchange.h"
 
 #include <host/jsonmembers.h>
+#include <host/pageaccess.h>
+#include <host/settingspages.h>
 
 #include <vxsettings/dbsettingshelper.h>
 
@@ -40,11 +42,39 @@ QVector<SettingChange> memberChanges(const QString &key, const JsonMembers &befo
     }
     return changes;
 }
+
+QJsonObject flags(const QString &stored)
+{
+    return (stored.isNull() ? PageAccess() : PageAccess(stored)).flags();
+}
+
+QString flagText(const QJsonValue &flag)
+{
+    return flag.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+/// What it means for each page, be it named in the texts or not.
+QVector<SettingChange> accessChanges(const QString &before, const QString &after)
+{
+    QVector<SettingChange> changes;
+    for (const SettingsPageName &page : settingsPages) {
+        const QString name = QLatin1String(page.name);
+        const SettingChange change{
+            {PageAccess::KEY, name}, flagText(flags(before)[name]), flagText(flags(after)[name])};
+        if (change.before != change.after)
+            changes.append(change);
+    }
+    if (changes.isEmpty() && !areSame(before, after))
+        changes.append({{PageAccess::KEY}, before, after});
+    return changes;
+}
 } // namespace
 
 QVector<SettingChange> SettingChange::between(const QString &key, const QString &before, const QString &after)
 {
     const SettingAddress address{key};
+    if (PageAccess::isAbout(address))
+        return accessChanges(before, after);
     if (address.isKnown() && address.isJsonObject()) {
         if (const auto members = JsonMembers::fromText(after))
             return memberChanges(key, JsonMembers::fromText(before).value_or(JsonMembers()), *members);

@@ -1,5 +1,7 @@
 #include "settingsdifference.h"
 
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/settingsdocument.h>
 #include <host/storedtext.h>
 
@@ -37,6 +39,8 @@ QVector<SettingsDifference::Row> SettingsDifference::rows(const OBJECT_PARAMETER
 
 SettingsDifference::Row SettingsDifference::row(const QString &key, const QString &wanted, const ObjectIndex &objects)
 {
+    if (key == PageAccess::KEY)
+        return accessRow(wanted);
     if (!SettingAddress{key}.isKnown())
         return {key, State::Unknown, {}};
     if (DBSettingsHelper::paramType(key) == DBSettingsType::Readonly)
@@ -48,4 +52,14 @@ SettingsDifference::Row SettingsDifference::row(const QString &key, const QStrin
             return {key, state, QStringLiteral("%1: %2").arg(finding.address.caption(), finding.words)};
     }
     return {key, State::Changed, {}};
+}
+
+SettingsDifference::Row SettingsDifference::accessRow(const QString &wanted)
+{
+    for (const SettingFinding &finding : PageAccess(wanted).findings()) {
+        if (!SettingProblem::isNotice(finding.problem))
+            return {PageAccess::KEY, State::Invalid,
+                    QStringLiteral("%1: %2").arg(PageAccessWords::caption(finding.address), finding.words)};
+    }
+    return {PageAccess::KEY, State::Changed, {}};
 }

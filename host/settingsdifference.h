@@ -38,5 +38,6 @@ public:
                              const ObjectIndex &objects);
 
 private:
+    static Row accessRow(const QString &wanted);
     static Row row(const QString &key, const QString &wanted, const ObjectIndex &objects);
 };

@@ -106,6 +106,7 @@ bool SettingsPage::edit(const SettingAddress &address, const QString &text)
     Parameter *parameter = find(address);
     if (!parameter)
         return false;
+    parameter->isInsistedOn = false;
     show(*parameter, text);
     return parameter->shown() == text;
 }
@@ -114,6 +115,22 @@ void SettingsPage::insist(const SettingAddress &address)
 {
     if (Parameter *parameter = find(address))
         parameter->isInsistedOn = true;
+}
+
+bool SettingsPage::isInsistedOn(const SettingAddress &address) const
+{
+    const Parameter *parameter = find(address);
+    return parameter && parameter->isInsistedOn;
+}
+
+QVector<SettingAddress> SettingsPage::insistedOn() const
+{
+    QVector<SettingAddress> addresses;
+    for (const Parameter &parameter : m_parameters) {
+        if (parameter.isInsistedOn && widget())
+            addresses.append(parameter.address);
+    }
+    return addresses;
 }
 
 void SettingsPage::revert(const SettingAddress &address)

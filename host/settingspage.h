@@ -50,9 +50,11 @@ public:
 
     /// Shows @p text as if it were typed. False if the editor makes something else of it.
     bool edit(const SettingAddress &address, const QString &text);
-    /// Makes the parameter changed although it shows its baseline, until somebody touches it or the baseline is shown
-    /// or replaced by one of the functions below.
+    /// Makes the parameter changed although it shows its baseline, until somebody touches it, it is edited, or the
+    /// baseline is shown or replaced by one of the functions below.
     void insist(const SettingAddress &address);
+    bool isInsistedOn(const SettingAddress &address) const;
+    QVector<SettingAddress> insistedOn() const;
     /// Shows the baseline.
     void revert(const SettingAddress &address);
     /// Makes @p text the baseline, whatever the editor shows by now.

@@ -3,6 +3,7 @@
 #include <host/durablefile.h>
 #include <host/healthcheck.h>
 #include <host/objectindex.h>
+#include <host/pageaccess.h>
 #include <host/settingspages.h>
 #include <host/settingwords.h>
 
@@ -57,7 +58,7 @@ QString SettingsReport::toHtml() const
                  tr("Замечаний: %1").arg(m_findings.size()));
     for (const SettingsPageName &page : settingsPages)
         html += pageHtml(page.group);
-    return html + unknownKeysHtml();
+    return html + accessHtml() + unknownKeysHtml();
 }
 
 QString SettingsReport::pageHtml(DBGroups page) const
@@ -93,6 +94,21 @@ QString SettingsReport::problemsHtml(const SettingAddress &address) const
             html += QStringLiteral("<br/><span class=\"problem\">%1</span>").arg(finding.words.toHtmlEscaped());
     }
     return html;
+}
+
+QString SettingsReport::accessHtml() const
+{
+    const SettingAddress access{PageAccess::KEY};
+    const auto stored = access.valueIn(m_stored.settings);
+    if (!stored)
+        return {};
+    QString words = SettingWords::value(access, *stored).toHtmlEscaped();
+    for (const SettingFinding &finding : m_findings) {
+        if (PageAccess::isAbout(finding.address))
+            words += QStringLiteral("<br/><span class=\"problem\">%1</span>")
+                         .arg(QStringLiteral("%1: %2").arg(finding.address.caption(), finding.words).toHtmlEscaped());
+    }
+    return table(access.caption(), QStringLiteral("<tr><td colspan=\"2\">%1</td></tr>").arg(words));
 }
 
 QString SettingsReport::unknownKeysHtml() const

@@ -32,6 +32,7 @@ private:
     QString pageHtml(DBGroups page) const;
     QString rowHtml(const SettingAddress &address) const;
     QString problemsHtml(const SettingAddress &address) const;
+    QString accessHtml() const;
     QString unknownKeysHtml() const;
     QString footer(int sheet, int sheetCount) const;
 

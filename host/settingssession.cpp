@@ -90,6 +90,21 @@ ChangeStamp SettingsSession::stamp(const QString &key) const
     return m_stored.stamps.value(key);
 }
 
+PageAccess SettingsSession::access() const
+{
+    return PageAccess::in(m_stored.settings);
+}
+
+bool SettingsSession::mayEdit(DBGroups page) const
+{
+    return m_authority == Authority::Administrator || access().mayEdit(page);
+}
+
+void SettingsSession::setAuthority(Authority authority)
+{
+    m_authority = authority;
+}
+
 QWidget *SettingsSession::openPage(DBGroups group, QWidget *parent)
 {
     if (!isOpen(group))
@@ -173,6 +188,47 @@ bool SettingsSession::replaceStored(const SettingAddress &address, const QString
     return isShown;
 }
 
+bool SettingsSession::isReplacing(const SettingAddress &address) const
+{
+    const SettingsPage *shown = page(address);
+    return shown && shown->isInsistedOn(address);
+}
+
+QVector<SettingAddress> SettingsSession::replacing() const
+{
+    QVector<SettingAddress> addresses;
+    for (const auto &page : m_pages)
+        addresses += page->insistedOn();
+    return addresses;
+}
+
+bool SettingsSession::isUnreadable(const QString &key) const
+{
+    const SettingAddress address{key};
+    return address.isKnown() && address.isJsonObject() &&
+           JsonSetting(m_stored.settings.value(key)).state() == JsonSetting::State::Unreadable;
+}
+
+QString SettingsSession::repairedText(const QString &key) const
+{
+    JsonSetting::Texts shown;
+    const SettingsPage *open = page(SettingAddress{key}.group());
+    for (const SettingAddress &address : open ? open->addresses(key) : QVector<SettingAddress>())
+        shown.insert(address.member, open->shown(address));
+    return JsonSetting(m_stored.settings.value(key)).merged(shown, {});
+}
+
+void SettingsSession::repair(const QString &key)
+{
+    SettingsPage *open = page(SettingAddress{key}.group());
+    if (!open)
+        return;
+    for (const SettingAddress &address : open->addresses(key))
+        open->insist(address);
+    m_repairedRevisions.insert(key, m_stored.revisions.value(key));
+    Q_EMIT edited();
+}
+
 void SettingsSession::revert(const SettingAddress &address)
 {
     if (SettingsPage *shown = page(address))
@@ -237,6 +293,22 @@ void SettingsSession::save(const QString &reason, Unreadable unreadable)
 bool SettingsSession::isSaving() const
 {
     return m_save.has_value();
+}
+
+void SettingsSession::saveAccess(const QString &text, qint64 seen, const QString &reason,
+                                 const std::function<void(const SaveResult &)> &done)
+{
+    SaveOrder order{{{PageAccess::KEY, text}}, m_stored, reason, Authority::Administrator};
+    order.base.revisions.insert(PageAccess::KEY, seen);
+    m_database.save(order, [self = QPointer<SettingsSession>(this), done](const SaveResult &result) {
+        if (!self)
+            return;
+        if (result.isDone())
+            self->adopt(self->m_database.installation());
+        if (result.outcome == SaveResult::Outcome::Conflicting)
+            self->adopt(withTheirs(self->m_stored, result.conflicts));
+        done(result);
+    });
 }
 
 SettingsPage *SettingsSession::page(DBGroups group) const
@@ -410,7 +482,7 @@ void SettingsSession::sendSave()
         return;
     }
     m_save->texts = textsOf(m_save->edits);
-    m_database.save(m_save->texts, m_stored, m_save->reason,
+    m_database.save({m_save->texts, m_stored, m_save->reason, m_authority},
                     [self = QPointer<SettingsSession>(this)](const SaveResult &result) {
                         if (self)
                             self->receiveSave(result);
@@ -421,6 +493,8 @@ std::optional<SaveResult> SettingsSession::refusal()
 {
     if (m_save->edits.isEmpty())
         return SaveResult::nothingToDo();
+    if (const QStringList forbidden = forbiddenKeys(); !forbidden.isEmpty())
+        return SaveResult::forbidden(forbidden);
     if (const QVector<SettingEdit> clashing = clashes(m_save->edits); !clashing.isEmpty())
         return conflicting(clashing);
 
@@ -450,15 +524,38 @@ QStringList SettingsSession::unreadableKeys() const
     QStringList keys;
     for (const SettingEdit &edit : m_save->edits) {
         const QString &key = edit.address.key;
-        const bool isAllowed = m_save->unreadable == Unreadable::Replace && m_refusedRevisions.contains(key) &&
-                               m_refusedRevisions.value(key) == m_stored.revisions.value(key);
-        const bool isUnreadable = !edit.address.member.isEmpty() &&
-                                  JsonSetting(m_stored.settings.value(key)).state() == JsonSetting::State::Unreadable;
-        if (isUnreadable && !isAllowed && !keys.contains(key))
+        if (!edit.address.member.isEmpty() && isUnreadable(key) && !mayReplace(key) && !keys.contains(key))
             keys.append(key);
     }
     keys.sort();
     return keys;
+}
+
+/// Whether somebody has decided to replace the text that is stored now.
+bool SettingsSession::mayReplace(const QString &key) const
+{
+    const qint64 revision = m_stored.revisions.value(key);
+    const auto isOf = [revision, &key](const QHash<QString, qint64> &decided) {
+        return decided.contains(key) && decided.value(key) == revision;
+    };
+    if (m_save->unreadable == Unreadable::Replace && isOf(m_refusedRevisions))
+        return true;
+    // An undone repair has left no parameter that insists.
+    const auto isInsisting = [this, &key](const SettingEdit &edit) {
+        return edit.address.key == key && isReplacing(edit.address);
+    };
+    return isOf(m_repairedRevisions) && std::any_of(m_save->edits.begin(), m_save->edits.end(), isInsisting);
+}
+
+QStringList SettingsSession::forbiddenKeys() const
+{
+    if (m_authority == Authority::Administrator)
+        return {};
+    QStringList keys;
+    for (const SettingEdit &edit : m_save->edits)
+        keys.append(edit.address.key);
+    keys.removeDuplicates();
+    return access().locked(keys);
 }
 
 void SettingsSession::receiveSave(const SaveResult &result)

@@ -4,6 +4,8 @@
 #include <host/databaseerror.h>
 #include <host/installation.h>
 #include <host/objectindex.h>
+#include <host/pageaccess.h>
+#include <host/saveorder.h>
 #include <host/saveresult.h>
 #include <host/settingaddress.h>
 #include <host/settingedit.h>
@@ -16,6 +18,7 @@
 #include <QObject>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -67,6 +70,13 @@ public:
     /// Who changed what is stored under @p key last, as far as that is known.
     ChangeStamp stamp(const QString &key) const;
 
+    /// Which pages operators may edit, by what is stored.
+    PageAccess access() const;
+    /// Whether a save of what is edited on the page would be refused.
+    bool mayEdit(DBGroups page) const;
+    /// Saves on the authority of an administrator, or of an operator again, as it does at first.
+    void setAuthority(Authority authority);
+
     /// The page of @p group, one of those in settingsPages(); built below @p parent when it is first asked for, after
     /// loaded(), and again if its widget was deleted.
     QWidget *openPage(DBGroups group, QWidget *parent);
@@ -91,6 +101,18 @@ public:
     /// The same, and the next save stores @p text even where the editor shows it already, such as the nearest number in
     /// the place of one that is out of range.
     bool replaceStored(const SettingAddress &address, const QString &text);
+    /// Whether the next save stores what the editor shows although that is no edit by itself.
+    bool isReplacing(const SettingAddress &address) const;
+    /// All of them.
+    QVector<SettingAddress> replacing() const;
+    /// Whether what is stored under @p key cannot be read as a JSON object of unique names, which it should be.
+    bool isUnreadable(const QString &key) const;
+    /// What a repair would store in the place of such a text: what the open page of the @p key shows, and of an object
+    /// with names that occur twice the members that no editor shows.
+    QString repairedText(const QString &key) const;
+    /// Makes that an edit of every parameter under the @p key: the next save stores it without another question, unless
+    /// something else is stored by then.
+    void repair(const QString &key);
     /// Shows what is stored: undoes the edit, and takes theirs in a conflict.
     void revert(const SettingAddress &address);
     void revert();
@@ -110,6 +132,10 @@ public:
     /// nothing while another save is under way.
     void save(const QString &reason = {}, Unreadable unreadable = Unreadable::Keep);
     bool isSaving() const;
+    /// Stores @p text as the access of operators, on the authority of an administrator and apart from what is edited,
+    /// unless its revision is another one than @p seen. Then stored() says what is stored now, and @p done is told.
+    void saveAccess(const QString &text, qint64 seen, const QString &reason,
+                    const std::function<void(const SaveResult &)> &done);
 
 Q_SIGNALS:
     void loaded();
@@ -171,6 +197,8 @@ private:
     std::optional<SaveResult> refusal();
     SaveResult conflicting(const QVector<SettingEdit> &clashes) const;
     QStringList unreadableKeys() const;
+    bool mayReplace(const QString &key) const;
+    QStringList forbiddenKeys() const;
 
     InstallationDatabase &m_database;
     std::vector<std::unique_ptr<SettingsPage>> m_pages;
@@ -178,6 +206,8 @@ private:
     ObjectIndex m_objects;
     bool m_areObjectsKnown = false; ///< what stored() has of them is what the selectors show
     QVector<Origin> m_origins;
-    std::optional<Save> m_save;                ///< the one that is under way
-    QHash<QString, qint64> m_refusedRevisions; ///< key → revision of the texts that the last save could not replace
+    std::optional<Save> m_save; ///< the one that is under way
+    Authority m_authority = Authority::Operator;
+    QHash<QString, qint64> m_repairedRevisions; ///< key → revision of the text that is to be replaced
+    QHash<QString, qint64> m_refusedRevisions;  ///< key → revision of the texts that the last save could not replace
 };

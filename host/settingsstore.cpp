@@ -1,6 +1,7 @@
 #include "settingsstore.h"
 
 #include "databasefile.h"
+#include "pageaccess.h"
 #include "sampleinstallation.h"
 #include "schema.h"
 #include "settingshistory.h"
@@ -183,6 +184,12 @@ SaveResult SettingsStore::write(const SaveOrder &order, const std::function<bool
     if (!transaction.isActive() || (!isFile() && !m_connection->execute(lockSave, {order.id})))
         return SaveResult::failed(m_connection->error());
 
+    const auto forbidden = forbiddenKeys(order);
+    if (!forbidden)
+        return SaveResult::failed(m_connection->error());
+    if (!forbidden->isEmpty())
+        return SaveResult::forbidden(*forbidden);
+
     SettingsWriter writer(*m_connection, order.id, order.reason);
     // Two savers on a server that lock the same rows in the same order never wait for each other in a circle.
     QStringList keys = order.changes.keys();
@@ -199,6 +206,18 @@ SaveResult SettingsStore::write(const SaveOrder &order, const std::function<bool
         return isRefusal(m_connection->error()) ? SaveResult::failed(m_connection->error())
                                                 : SaveResult::unknown(order.id, m_connection->error());
     return SaveResult::saved(order.id, writer.revisions(), writer.stamp());
+}
+
+std::optional<QStringList> SettingsStore::forbiddenKeys(const SaveOrder &order)
+{
+    if (order.authority == Authority::Administrator)
+        return QStringList();
+    auto row = m_connection->select(QStringLiteral("SELECT value FROM settings WHERE key = ?"), {PageAccess::KEY});
+    const bool isStored = row && row->next();
+    if (!m_connection->isComplete(row))
+        return {};
+    const PageAccess access = isStored ? PageAccess(row->value(0).toString()) : PageAccess();
+    return access.locked(order.changes.keys());
 }
 
 /// Whether a commit that failed with @p error has stored nothing. After an error of the disk, or without an answer of

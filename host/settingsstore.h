@@ -49,6 +49,9 @@ public:
     /// Writes the changes, all or none, unless one of these settings has been changed since the base was read, be it to
     /// the same text. Every change is remembered in the history.
     ///
+    /// What PageAccess keeps from operators is refused unless an administrator wants it; the flags that hold are those
+    /// that are stored in the moment of the save.
+    ///
     /// @p mayCommit is asked at the last moment; nothing is written if it says no, and the error is of the kind
     /// Cancelled.
     SaveResult save(
@@ -77,6 +80,8 @@ private:
     bool isFile() const;
     /// Why the file at the path is not the one that was opened.
     std::optional<DatabaseError> placeProblem() const;
+    /// Those of the changes that PageAccess forbids; nothing if the database failed.
+    std::optional<QStringList> forbiddenKeys(const SaveOrder &order);
     SaveResult write(const SaveOrder &order, const std::function<bool()> &mayCommit);
     bool isRefusal(const DatabaseError &error) const;
     bool writeAnything();

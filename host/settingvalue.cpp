@@ -1,6 +1,8 @@
 #include "settingvalue.h"
 
+#include <host/pageaccess.h>
 #include <host/parameterdomain.h>
+#include <host/settingspages.h>
 #include <host/settingwords.h>
 #include <host/storedtext.h>
 
@@ -15,11 +17,21 @@ QString shortened(const QString &text)
     const QString line = text.left(4 * longest).simplified();
     return line.size() > longest ? line.left(longest) + QStringLiteral("…") : line;
 }
+
+QStringList pageNames()
+{
+    QStringList names;
+    for (const SettingsPageName &page : settingsPages)
+        names.append(QLatin1String(page.name));
+    return names;
+}
 } // namespace
 
 SettingValue::Judgement SettingValue::judge(const SettingAddress &address, const QString &words,
                                             const ObjectIndex &objects)
 {
+    if (PageAccess::isAbout(address))
+        return judgeAccess(address, words);
     if (!address.isKnown())
         return {{}, unknownError(address)};
     if (address.isJsonObject())
@@ -27,6 +39,23 @@ SettingValue::Judgement SettingValue::judge(const SettingAddress &address, const
     if (DBSettingsHelper::paramType(address.parameter()) == DBSettingsType::Readonly)
         return {{}, tr("%1 (%2): только для чтения. Уберите эту настройку.").arg(address.caption(), address.text())};
     return judgeParameter(address, words, objects);
+}
+
+SettingValue::Judgement SettingValue::judgeAccess(const SettingAddress &address, const QString &words)
+{
+    if (address.member.isEmpty()) {
+        for (const SettingFinding &finding : PageAccess(words).findings()) {
+            if (!SettingProblem::isNotice(finding.problem))
+                return {{}, valueError(finding.address, finding.stored, finding.words)};
+        }
+        return {words, {}};
+    }
+    if (!PageAccess::pageOf(address))
+        return {{}, tr("Страницы «%1» нет. Страницы: %2.").arg(address.member, pageNames().join(QStringLiteral(", ")))};
+    const QString flag = ParameterDomain::storedFlag(words);
+    if (flag != QLatin1String("true") && flag != QLatin1String("false"))
+        return {{}, valueError(address, words, SettingProblem::words(SettingProblem::Kind::NotAFlag))};
+    return {flag, {}};
 }
 
 SettingValue::Judgement SettingValue::judgeObject(const SettingAddress &address, const QString &text,

@@ -35,10 +35,13 @@ public:
     /// - JSON object: one with unique names, each member of the catalogue as it is stored; others are let through.
     ///   Stored letter by letter.
     ///
+    /// - PageAccess: as a whole such an object; one of its flags like any flag.
+    ///
     /// A read-only setting is refused. The rules across settings are another matter, see SettingRules.
     static Judgement judge(const SettingAddress &address, const QString &words, const ObjectIndex &objects);
 
 private:
+    static Judgement judgeAccess(const SettingAddress &address, const QString &words);
     static Judgement judgeObject(const SettingAddress &address, const QString &text, const ObjectIndex &objects);
     static Judgement judgeParameter(const SettingAddress &address, const QString &words, const ObjectIndex &objects);
     static QString unknownError(const SettingAddress &address);

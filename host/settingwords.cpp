@@ -1,5 +1,7 @@
 #include "settingwords.h"
 
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/settingaddress.h>
 
 #include <vxsettings/dbkeys.h>
@@ -125,6 +127,8 @@ QString SettingWords::value(const QString &key, const QString &text)
 
 QString SettingWords::value(const SettingAddress &address, const QString &text)
 {
+    if (PageAccess::isAbout(address))
+        return PageAccessWords::value(address, text);
     if (text.isNull())
         return tr("не задано");
     if (!address.isKnown())

@@ -18,6 +18,6 @@ if grep -E '^[EWIP]: ' <<< "$findings"; then
 fi
 
 declared=$(grep -rhI Q_LOGGING_CATEGORY src platform host apps | sed 's/.*(\(.*\), "\(.*\)".*/\2 \1/' | sort)
-listed=$(sed -n 's/^\([^# ]*\) .* IDENTIFIER \[\(.*\)\]$/\1 \2/p' src/vxsettings.categories | sort)
-diff --label "declared in the sources" --label src/vxsettings.categories <(echo "$declared") <(echo "$listed")
+listed=$(sed -n 's/^\([^# ]*\) .* IDENTIFIER \[\(.*\)\]$/\1 \2/p' src/vxsettings.categories host/vxsettings-host.categories | sort)
+diff --label "declared in the sources" --label "listed in *.categories" <(echo "$declared") <(echo "$listed")
 echo "The menu entry, its description and the logging categories are in order"

@@ -26,8 +26,8 @@ for check in "${without[@]}"; do
     checks+=",no-$check"
 done
 
-mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'platform/*.cpp' 'host/*.cpp' 'apps/*.cpp')
+mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'platform/*.cpp' 'host/*.cpp' 'apps/*.cpp' 'designer/*.cpp' 'docs/*.cpp')
 printf '%s\0' "${sources[@]}" |
-    xargs -0 -n 4 -P "$(nproc)" clazy-standalone -p "$build" --checks="$checks" --header-filter='/(include|src|host|apps|platform)/' \
+    xargs -0 -n 4 -P "$(nproc)" clazy-standalone -p "$build" --checks="$checks" --header-filter='/(include|src|host|apps|platform|designer|docs/generator)/' \
         --extra-arg=-Wno-gnu-zero-variadic-macro-arguments --extra-arg=-Werror
 echo "${#sources[@]} sources are clean"

@@ -12,10 +12,11 @@ run_packages=(
     fonts-dejavu-core qttranslations5-l10n
 )
 test_packages=(
-    appstream at-spi2-core clang clang-format clang-tidy clazy cmake-format codespell cppcheck dbus-daemon
-    desktop-file-utils fish gcovr git groff-base imagemagick libbenchmark-dev librapidcheck-dev man-db pkg-config
-    pngquant postgresql postgresql-common python3 python3-gi python3-xlib shellcheck sqlite3 strace valgrind xauth
-    xdotool xvfb zsh
+    abigail-tools appstream at-spi2-core autopkgtest blhc clang clang-format clang-tidy clazy cmake-format codespell
+    cppcheck dbus-daemon debhelper debootstrap desktop-file-utils doxygen dpkg-dev fish gcovr git groff-base
+    imagemagick libbenchmark-dev librapidcheck-dev lintian man-db pkg-config pngquant postgresql postgresql-common
+    python3 python3-clang python3-gi python3-jsonschema python3-xlib qhelpgenerator-qt5 shellcheck sqlite3 strace
+    valgrind xauth xdotool xvfb zsh
 )
 
 packages=("${run_packages[@]}")

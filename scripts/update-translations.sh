@@ -14,7 +14,7 @@ output=${OUTPUT:-translations}
 # What a catalogue is made of. Each is loaded by itself: a host of the settings library needs the first two.
 declare -A sources=(
     [vantorix]="platform"
-    [vxsettings]="include src"
+    [vxsettings]="include src designer"
     [vxsettings-host]="host"
     [vxsettings-manager]="apps/manager"
     [vxsettingsctl]="apps/ctl"

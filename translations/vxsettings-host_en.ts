@@ -187,6 +187,80 @@
     </message>
 </context>
 <context>
+    <name>PageAccess</name>
+    <message>
+        <source>Текст не читается как объект JSON, поэтому операторам закрыты все страницы.</source>
+        <translation>The text cannot be read as a JSON object, so every page is locked for operators.</translation>
+    </message>
+    <message>
+        <source>Поле записано несколько раз, поэтому операторам закрыты все страницы.</source>
+        <translation>The member is written several times, so every page is locked for operators.</translation>
+    </message>
+    <message>
+        <source>Такой страницы нет; при сохранении поле остаётся как есть.</source>
+        <translation>There is no such page; a save leaves the member as it is.</translation>
+    </message>
+    <message>
+        <source>Это не true и не false: страница операторам закрыта.</source>
+        <translation>This is neither true nor false: the page is locked for operators.</translation>
+    </message>
+</context>
+<context>
+    <name>PageAccessWords</name>
+    <message>
+        <source>Доступ операторов к страницам</source>
+        <translation>Operator access to pages</translation>
+    </message>
+    <message>
+        <source>Доступ операторов: %1</source>
+        <translation>Operator access: %1</translation>
+    </message>
+    <message>
+        <source>можно изменять</source>
+        <translation>may be changed</translation>
+    </message>
+    <message>
+        <source>закрыто</source>
+        <translation>locked</translation>
+    </message>
+    <message>
+        <source>не читается, закрыты все страницы</source>
+        <translation>cannot be read, every page is locked</translation>
+    </message>
+    <message>
+        <source>можно изменять всё</source>
+        <translation>everything may be changed</translation>
+    </message>
+    <message>
+        <source>закрыты: %1</source>
+        <translation>locked: %1</translation>
+    </message>
+    <message>
+        <source>Операторам нельзя изменять страницы: %1.</source>
+        <translation>Operators may not change these pages: %1.</translation>
+    </message>
+    <message>
+        <source>Администратор открывает их в окне «Доступ операторов» программы vxsettings-manager или сохраняет командой vxsettingsctl с параметром --as-administrator.</source>
+        <translation>An administrator unlocks them in the “Operator access” window of vxsettings-manager, or saves with vxsettingsctl and the option --as-administrator.</translation>
+    </message>
+    <message>
+        <source>Доступ операторов меняет администратор: в окне «Доступ операторов» программы vxsettings-manager или командой vxsettingsctl с параметром --as-administrator.</source>
+        <translation>Operator access is changed by an administrator: in the “Operator access” window of vxsettings-manager, or with vxsettingsctl and the option --as-administrator.</translation>
+    </message>
+    <message>
+        <source>Записанный доступ операторов не читается, поэтому закрыты все страницы. Исправить его может администратор.</source>
+        <translation>The stored operator access cannot be read, so every page is locked. An administrator can repair it.</translation>
+    </message>
+    <message>
+        <source>Администратор закрыл эту страницу для операторов: изменить её нельзя.</source>
+        <translation>An administrator has locked this page for operators: it cannot be changed.</translation>
+    </message>
+    <message>
+        <source>«%1»</source>
+        <translation>“%1”</translation>
+    </message>
+</context>
+<context>
     <name>ParameterDomain</name>
     <message>
         <source>Допустимы целые числа от %1 до %2.</source>
@@ -361,6 +435,10 @@
     <message>
         <source>%1: значение «%2» не подходит. %3</source>
         <translation>%1: the value “%2” does not fit. %3</translation>
+    </message>
+    <message>
+        <source>Страницы «%1» нет. Страницы: %2.</source>
+        <translation>There is no page “%1”. Pages: %2.</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="ru">
 <context>
+    <name>AccessDialog</name>
+    <message>
+        <source>Доступ операторов</source>
+        <translation>Operator access</translation>
+    </message>
+    <message>
+        <source>Отмеченные страницы операторы могут изменять. Остальные им видны, но сохранить на них ничего нельзя ни в одной программе. Это защита от случайных изменений: отметки меняет администратор, и каждое их изменение остаётся в истории.</source>
+        <translation>Operators may change the checked pages. They see the others, but no program lets them save anything there. This protects from changes by mistake: an administrator sets the check marks, and each change of them stays in the history.</translation>
+    </message>
+    <message>
+        <source>&amp;Причина:</source>
+        <translation>&amp;Reason:</translation>
+    </message>
+    <message>
+        <source>Причина</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>Необязательно. Останется в истории изменений</source>
+        <translation>Optional. It stays in the history of changes</translation>
+    </message>
+    <message>
+        <source>&amp;Взять из базы</source>
+        <translation>&amp;Take from the database</translation>
+    </message>
+    <message>
+        <source>Показать то, что записано сейчас, вместо своих отметок</source>
+        <translation>Show what is stored now in the place of your check marks</translation>
+    </message>
+    <message>
+        <source>&amp;Сохранить</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Закрыть</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Страницы, которые могут изменять операторы</source>
+        <translation>Pages that operators may change</translation>
+    </message>
+    <message>
+        <source>Сохранение…</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>Пока вы ставили отметки, доступ изменил кто-то другой (%1). Там записано: %2. Если сохранить, останутся ваши отметки.</source>
+        <translation>While you were setting check marks, somebody else has changed the access (%1). Stored now: %2. If you save, your check marks stay.</translation>
+    </message>
+    <message>
+        <source>Записанный доступ не читается, поэтому закрыты все страницы: «%1». Если сохранить, этот текст заменят ваши отметки.</source>
+        <translation>The stored access cannot be read, so every page is locked: “%1”. If you save, your check marks replace this text.</translation>
+    </message>
+</context>
+<context>
     <name>ChangeBar</name>
     <message>
         <source>&amp;Отменить</source>
@@ -399,6 +454,25 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>&amp;Взять отмеченные: %1</source>
         <translation>&amp;Take the checked ones: %1</translation>
     </message>
+    <message>
+        <source>Сравнивается с тем, что сохранено. Несохранённых изменений: %1.</source>
+        <translation>Compared with what is stored. Unsaved changes: %1.</translation>
+    </message>
+    <message>
+        <source>Отмеченные значения заменят их у тех же параметров; это можно отменить.</source>
+        <translation>The checked values replace them in the same parameters; this can be undone.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportPlan</name>
+    <message>
+        <source>Меняется в окне «Доступ операторов»</source>
+        <translation>It is changed in the “Operator access” window</translation>
+    </message>
+    <message>
+        <source>Страница закрыта для операторов</source>
+        <translation>The page is locked for operators</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -474,6 +548,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>&amp;Как в системе</source>
         <translation>Sa&amp;me as the system</translation>
     </message>
+    <message>
+        <source>&amp;Доступ операторов…</source>
+        <translation>&amp;Operator access…</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -517,6 +595,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
     </message>
+    <message>
+        <source>Запись «%1» в базе данных не читается целиком. Страница показывает то, что в ней удалось разобрать.</source>
+        <translation>The record “%1” cannot be read as a whole in the database. The page shows what could be made of it.</translation>
+    </message>
 </context>
 <context>
     <name>Manager</name>
@@ -527,6 +609,17 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Справка: vxsettings-manager --help</source>
         <translation>For help: vxsettings-manager --help</translation>
+    </message>
+</context>
+<context>
+    <name>PageArea</name>
+    <message>
+        <source>Доступ операторов…</source>
+        <translation>Operator access…</translation>
+    </message>
+    <message>
+        <source>Исправить запись…</source>
+        <translation>Repair the record…</translation>
     </message>
 </context>
 <context>
@@ -559,6 +652,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Внешние системы</source>
         <translation>External systems</translation>
     </message>
+    <message>
+        <source>Закрыта для операторов</source>
+        <translation>Locked for operators</translation>
+    </message>
 </context>
 <context>
     <name>PagePictures</name>
@@ -588,6 +685,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>%1 Сохранено: %2, показано: %3.</source>
         <translation>%1 Saved: %2, shown: %3.</translation>
+    </message>
+    <message>
+        <source>%1 Исправить запись можно в контекстном меню.</source>
+        <translation>%1 It can be repaired from the context menu.</translation>
     </message>
 </context>
 <context>
@@ -639,6 +740,41 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>История параметра…</source>
+        <translation>History of this parameter…</translation>
+    </message>
+    <message>
+        <source>Исправить запись «%1»…</source>
+        <translation>Repair the record “%1”…</translation>
+    </message>
+</context>
+<context>
+    <name>RepairDialog</name>
+    <message>
+        <source>Исправление записи: %1</source>
+        <translation>Repair of the record: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Записано сейчас:</source>
+        <translation>&amp;Stored now:</translation>
+    </message>
+    <message>
+        <source>&amp;Будет записано (то, что показывает страница):</source>
+        <translation>&amp;Will be stored (what the page shows):</translation>
+    </message>
+    <message>
+        <source>Это обычная правка: до сохранения её можно отменить, а после прежний текст останется в истории изменений.</source>
+        <translation>This is an edit like any other: it can be undone until it is saved, and afterwards the earlier text stays in the history of changes.</translation>
+    </message>
+    <message>
+        <source>&amp;Исправить</source>
+        <translation>&amp;Repair</translation>
+    </message>
+    <message>
+        <source>&amp;Не исправлять</source>
+        <translation>&amp;Do not repair</translation>
     </message>
 </context>
 <context>
@@ -761,6 +897,26 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>%1: %2 → %3</source>
         <translation>%1: %2 → %3</translation>
+    </message>
+    <message>
+        <source>Прежнее значение не подходит</source>
+        <translation>The earlier value does not fit</translation>
+    </message>
+    <message>
+        <source>Ничего не изменено.</source>
+        <translation>Nothing was changed.</translation>
+    </message>
+    <message>
+        <source>Страница закрыта</source>
+        <translation>The page is locked</translation>
+    </message>
+    <message>
+        <source>Ничего не записано. Изменения на закрытых страницах можно отменить и сохранить остальные.</source>
+        <translation>Nothing was stored. The changes on locked pages can be undone, and the others saved.</translation>
+    </message>
+    <message>
+        <source>&amp;Отменить их</source>
+        <translation>&amp;Undo them</translation>
     </message>
 </context>
 <context>
@@ -909,12 +1065,56 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <translation>File written</translation>
     </message>
     <message>
-        <source>Несохранённые изменения и пароли в файл не входят.</source>
-        <translation>Unsaved changes and passwords are not in the file.</translation>
-    </message>
-    <message>
         <source>&amp;Закрыть</source>
         <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>В файле есть пароли и токены. Прочитать его может только его владелец.</source>
+        <translation>There are passwords and tokens in the file. Only its owner can read it.</translation>
+    </message>
+    <message>
+        <source>Пароли и токены в файл не входят.</source>
+        <translation>There are no passwords or tokens in the file.</translation>
+    </message>
+    <message>
+        <source>Пароли и токены в отчёте скрыты.</source>
+        <translation>Passwords and tokens are hidden in the report.</translation>
+    </message>
+    <message>
+        <source>Несохранённых изменений: %1. В файл они не войдут.</source>
+        <translation>Unsaved changes: %1. They will not be in the file.</translation>
+    </message>
+    <message>
+        <source>Будет записано то, что сохранено в базе данных.</source>
+        <translation>What is stored in the database will be written.</translation>
+    </message>
+    <message>
+        <source>&amp;Продолжить</source>
+        <translation>C&amp;ontinue</translation>
+    </message>
+    <message>
+        <source>&amp;Вернуться</source>
+        <translation>&amp;Go back</translation>
+    </message>
+    <message>
+        <source>Записать в файл пароли и токены?</source>
+        <translation>Write passwords and tokens into the file?</translation>
+    </message>
+    <message>
+        <source>В файле они не зашифрованы: кто прочитает файл, узнает их. Без них файл можно передавать другим, а при импорте останутся те, что уже записаны.</source>
+        <translation>They are not encrypted in the file: whoever reads the file knows them. Without them the file can be handed on, and an import leaves those that are stored already.</translation>
+    </message>
+    <message>
+        <source>&amp;Без паролей</source>
+        <translation>&amp;Without passwords</translation>
+    </message>
+    <message>
+        <source>&amp;С паролями</source>
+        <translation>With &amp;passwords</translation>
+    </message>
+    <message>
+        <source>Отме&amp;на</source>
+        <translation>C&amp;ancel</translation>
     </message>
 </context>
 </TS>

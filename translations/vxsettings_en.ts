@@ -413,4 +413,43 @@
         <translation>Number of templates</translation>
     </message>
 </context>
+<context>
+    <name>SettingsWidget</name>
+    <message>
+        <source>%1. Ключ параметра каталога в свойстве «parameter» задаёт название, варианты, границы и подсказку.</source>
+        <translation>%1. The key of a parameter of the catalogue in the property “parameter” sets caption, choices, bounds and tool tip.</translation>
+    </message>
+    <message>
+        <source>Параметр «да или нет»</source>
+        <translation>Yes-or-no parameter</translation>
+    </message>
+    <message>
+        <source>Параметр с выбором из списка</source>
+        <translation>Parameter with a list of choices</translation>
+    </message>
+    <message>
+        <source>Параметр — строка</source>
+        <translation>Parameter: a line of text</translation>
+    </message>
+    <message>
+        <source>Параметр — пароль или токен</source>
+        <translation>Parameter: a password or token</translation>
+    </message>
+    <message>
+        <source>Параметр — целое число в границах</source>
+        <translation>Parameter: a whole number within bounds</translation>
+    </message>
+    <message>
+        <source>Параметр — ключ смарт-карты</source>
+        <translation>Parameter: a smart card key</translation>
+    </message>
+    <message>
+        <source>Параметр — подразделение</source>
+        <translation>Parameter: a department</translation>
+    </message>
+    <message>
+        <source>Группа зависимых флажков</source>
+        <translation>Group of dependent check boxes</translation>
+    </message>
+</context>
 </TS>

@@ -323,6 +323,10 @@ Environment variables:
         <source>Язык программы: ru (русский) или en (английский); иначе язык системы.</source>
         <translation>The language of the program: ru (Russian) or en (English); else that of the system.</translation>
     </message>
+    <message>
+        <source>Сохранить как администратор: и то, что операторам изменять нельзя.</source>
+        <translation>Save as an administrator: also what operators may not change.</translation>
+    </message>
 </context>
 <context>
     <name>Ctl</name>
@@ -335,42 +339,6 @@ For help: vxsettingsctl --help</translation>
 </context>
 <context>
     <name>DescribeCommand</name>
-    <message>
-        <source>да или нет</source>
-        <translation>yes or no</translation>
-    </message>
-    <message>
-        <source>выбор</source>
-        <translation>choice</translation>
-    </message>
-    <message>
-        <source>строка</source>
-        <translation>text</translation>
-    </message>
-    <message>
-        <source>число</source>
-        <translation>number</translation>
-    </message>
-    <message>
-        <source>объект JSON</source>
-        <translation>JSON object</translation>
-    </message>
-    <message>
-        <source>только для чтения</source>
-        <translation>read-only</translation>
-    </message>
-    <message>
-        <source>пароль или токен</source>
-        <translation>password or token</translation>
-    </message>
-    <message>
-        <source>подразделение</source>
-        <translation>department</translation>
-    </message>
-    <message>
-        <source>профиль смарткарт</source>
-        <translation>smart card profile</translation>
-    </message>
     <message>
         <source>Ключ:</source>
         <translation>Key:</translation>
@@ -418,6 +386,10 @@ For help: vxsettingsctl --help</translation>
     <message>
         <source>Настройки «%1» нет в каталоге.</source>
         <translation>The catalogue has no setting “%1”.</translation>
+    </message>
+    <message>
+        <source>true — операторы могут изменять страницу, false — нет; пока ничего не записано, можно изменять всё. Меняется с параметром --as-administrator.</source>
+        <translation>true: operators may change the page, false: they may not; while nothing is stored, everything may be changed. It is changed with the option --as-administrator.</translation>
     </message>
 </context>
 <context>
@@ -476,16 +448,16 @@ For help: vxsettingsctl --help</translation>
         <translation>error in the command line</translation>
     </message>
     <message>
-        <source>недопустимое имя, значение или сочетание значений; ничего не сохранено</source>
-        <translation>invalid name, value or combination of values; nothing was saved</translation>
-    </message>
-    <message>
         <source>настройку одновременно изменил кто-то другой; ничего не сохранено</source>
         <translation>somebody else changed a setting at the same time; nothing was saved</translation>
     </message>
     <message>
         <source>ошибка базы данных или файла; ожидание прервано; неизвестно, сохранены ли изменения</source>
         <translation>database or file error; waiting interrupted; unknown whether the changes were saved</translation>
+    </message>
+    <message>
+        <source>недопустимое имя, значение или сочетание значений, закрытая страница; ничего не сохранено</source>
+        <translation>invalid name, value or combination of values, a locked page; nothing was saved</translation>
     </message>
 </context>
 <context>
@@ -631,6 +603,45 @@ For help: vxsettingsctl --help</translation>
     </message>
 </context>
 <context>
+    <name>ParameterKind</name>
+    <message>
+        <source>да или нет</source>
+        <translation>yes or no</translation>
+    </message>
+    <message>
+        <source>выбор</source>
+        <translation>choice</translation>
+    </message>
+    <message>
+        <source>строка</source>
+        <translation>text</translation>
+    </message>
+    <message>
+        <source>число</source>
+        <translation>number</translation>
+    </message>
+    <message>
+        <source>объект JSON</source>
+        <translation>JSON object</translation>
+    </message>
+    <message>
+        <source>только для чтения</source>
+        <translation>read-only</translation>
+    </message>
+    <message>
+        <source>пароль или токен</source>
+        <translation>password or token</translation>
+    </message>
+    <message>
+        <source>подразделение</source>
+        <translation>department</translation>
+    </message>
+    <message>
+        <source>профиль смарткарт</source>
+        <translation>smart card profile</translation>
+    </message>
+</context>
+<context>
     <name>RestoreCommand</name>
     <message>
         <source>«%1» — пароль или токен. Прежние значения паролей и токенов не хранятся.</source>
@@ -670,6 +681,12 @@ For help: vxsettingsctl --help</translation>
         <translation>It is unknown whether the changes were saved.
 %1
 When the connection is back, see: vxsettingsctl history. If the save %2 is there, all changes were saved, otherwise none.</translation>
+    </message>
+    <message>
+        <source>Ничего не сохранено.
+%1</source>
+        <translation>Nothing was saved.
+%1</translation>
     </message>
 </context>
 <context>
@@ -716,6 +733,10 @@ When the connection is back, see: vxsettingsctl history. If the save %2 is there
     <message>
         <source>Пробный запуск: ничего не записано.</source>
         <translation>Dry run: nothing was saved.</translation>
+    </message>
+    <message>
+        <source>%1: в базе данных не объект JSON, поле задать нельзя. Задайте %2 целиком.</source>
+        <translation>%1: the database does not hold a JSON object, so the member cannot be set. Set %2 as a whole.</translation>
     </message>
 </context>
 <context>

@@ -21,6 +21,7 @@ enum class Option {
     Sample = 1 << 8,
     Reason = 1 << 9,
     Language = 1 << 10,
+    AsAdministrator = 1 << 11,
 };
 Q_DECLARE_FLAGS(Options, Option)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Options)

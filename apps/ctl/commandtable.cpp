@@ -20,17 +20,18 @@ namespace {
 
 // clang-format off
 constexpr OptionDescription optionTable[] = {
-    {Option::Help,        'h', "help",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать справку о программе или, после имени команды, о команде.")},
-    {Option::Version,     'v', "version",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать версию программы.")},
-    {Option::Language,    0  , "language",     "ru|en",                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Язык программы: ru (русский) или en (английский); иначе язык системы.")},
-    {Option::Database,    0  , "database",     QT_TRANSLATE_NOOP("CommandTable", "URL"),   WordKind::File, QT_TRANSLATE_NOOP("CommandTable", "База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ).")},
-    {Option::Json,        0  , "json",         nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Вывести один документ JSON вместо текста.")},
-    {Option::DryRun,      0  , "dry-run",      nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать, что изменится, и ничего не записывать.")},
-    {Option::Reason,      0  , "reason",       QT_TRANSLATE_NOOP("CommandTable", "ТЕКСТ"), WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Записать в историю причину изменения.")},
-    {Option::WithSecrets, 0  , "with-secrets", nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Не скрывать пароли и токены.")},
-    {Option::Stdin,       0  , "stdin",        nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Прочитать значение из стандартного ввода.")},
-    {Option::Repair,      0  , "repair",       nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Исправить то, что можно исправить без потери данных.")},
-    {Option::Sample,      0  , "sample",       nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Заполнить базу данных примером.")},
+    {Option::Help,            'h', "help",             nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать справку о программе или, после имени команды, о команде.")},
+    {Option::Version,         'v', "version",          nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать версию программы.")},
+    {Option::Language,        0  , "language",         "ru|en",                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Язык программы: ru (русский) или en (английский); иначе язык системы.")},
+    {Option::Database,        0  , "database",         QT_TRANSLATE_NOOP("CommandTable", "URL"),   WordKind::File, QT_TRANSLATE_NOOP("CommandTable", "База данных: файл (sqlite:ПУТЬ, ПУТЬ) или сервер (postgresql://КТО@УЗЕЛ:ПОРТ/ИМЯ).")},
+    {Option::Json,            0  , "json",             nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Вывести один документ JSON вместо текста.")},
+    {Option::DryRun,          0  , "dry-run",          nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Показать, что изменится, и ничего не записывать.")},
+    {Option::Reason,          0  , "reason",           QT_TRANSLATE_NOOP("CommandTable", "ТЕКСТ"), WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Записать в историю причину изменения.")},
+    {Option::AsAdministrator, 0  , "as-administrator", nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Сохранить как администратор: и то, что операторам изменять нельзя.")},
+    {Option::WithSecrets,     0  , "with-secrets",     nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Не скрывать пароли и токены.")},
+    {Option::Stdin,           0  , "stdin",            nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Прочитать значение из стандартного ввода.")},
+    {Option::Repair,          0  , "repair",           nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Исправить то, что можно исправить без потери данных.")},
+    {Option::Sample,          0  , "sample",           nullptr,                                   WordKind::Text, QT_TRANSLATE_NOOP("CommandTable", "Заполнить базу данных примером.")},
 };
 
 constexpr Command commandTable[] = {
@@ -44,7 +45,7 @@ constexpr Command commandTable[] = {
      QT_TRANSLATE_NOOP("CommandTable", "Вывести сохранённое значение как есть."),
      QT_TRANSLATE_NOOP("CommandTable", "Пароли и токены выводятся только с параметром --with-secrets."),
      GetCommand::run},
-    {"set", QT_TRANSLATE_NOOP("CommandTable", "КЛЮЧ[.ПОЛЕ]=ЗНАЧЕНИЕ…"), {1}, WordKind::Assignment, Option::DryRun | Option::Reason | Option::Stdin,
+    {"set", QT_TRANSLATE_NOOP("CommandTable", "КЛЮЧ[.ПОЛЕ]=ЗНАЧЕНИЕ…"), {1}, WordKind::Assignment, Option::DryRun | Option::Reason | Option::AsAdministrator | Option::Stdin,
      QT_TRANSLATE_NOOP("CommandTable", "Изменить настройки, все вместе или ни одной."),
      QT_TRANSLATE_NOOP("CommandTable",
         "Вариант выбора указывается номером или названием. Если хотя бы одно имя или значение не подходит, не меняется ничего.\n"
@@ -55,7 +56,7 @@ constexpr Command commandTable[] = {
      QT_TRANSLATE_NOOP("CommandTable", "Рассказать, что известно о настройке: название, вид, допустимые и зависимые значения."),
      QT_TRANSLATE_NOOP("CommandTable", "База данных для этого не нужна."),
      DescribeCommand::run},
-    {"check", nullptr, {0, 0}, WordKind::Text, Option::Repair | Option::Reason,
+    {"check", nullptr, {0, 0}, WordKind::Text, Option::Repair | Option::Reason | Option::AsAdministrator,
      QT_TRANSLATE_NOOP("CommandTable", "Проверить сохранённые значения."),
      QT_TRANSLATE_NOOP("CommandTable",
         "Код завершения 1 — есть ошибки, а после --repair — остались ошибки, которые может исправить только человек.\n"
@@ -66,7 +67,7 @@ constexpr Command commandTable[] = {
      QT_TRANSLATE_NOOP("CommandTable",
         "Без --with-secrets паролей и токенов в файле нет. С ними файл доступен только владельцу. Имеющийся файл заменяется."),
      ExportCommand::run},
-    {"import", QT_TRANSLATE_NOOP("CommandTable", "ФАЙЛ"), {1, 1}, WordKind::File, Option::DryRun | Option::Reason,
+    {"import", QT_TRANSLATE_NOOP("CommandTable", "ФАЙЛ"), {1, 1}, WordKind::File, Option::DryRun | Option::Reason | Option::AsAdministrator,
      QT_TRANSLATE_NOOP("CommandTable", "Сохранить настройки из файла, все вместе или ни одной."),
      QT_TRANSLATE_NOOP("CommandTable",
         "Настройки, которых нет в файле, не меняются. Настройки, которых нет в каталоге, сохраняются без проверки."),
@@ -79,7 +80,7 @@ constexpr Command commandTable[] = {
      QT_TRANSLATE_NOOP("CommandTable",
         "Время местное, в JSON — UTC. О паролях и токенах известно только, что они изменились."),
      HistoryCommand::run},
-    {"restore", QT_TRANSLATE_NOOP("CommandTable", "КЛЮЧ@РЕВИЗИЯ"), {1, 1}, WordKind::Revision, Option::DryRun | Option::Reason,
+    {"restore", QT_TRANSLATE_NOOP("CommandTable", "КЛЮЧ@РЕВИЗИЯ"), {1, 1}, WordKind::Revision, Option::DryRun | Option::Reason | Option::AsAdministrator,
      QT_TRANSLATE_NOOP("CommandTable", "Вернуть настройке значение, которое у неё было."),
      QT_TRANSLATE_NOOP("CommandTable",
         "РЕВИЗИЯ — число из первого столбца команды history. Это новое изменение: оно проверяется, как в команде set, и\n"

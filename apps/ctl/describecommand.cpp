@@ -1,9 +1,12 @@
 #include "describecommand.h"
 
 #include "pagenames.h"
+#include "parameterkind.h"
 #include "session.h"
 #include "texttable.h"
 
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/parameterdomain.h>
 #include <host/settingaddress.h>
 
@@ -13,39 +16,7 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace {
-
-struct Kind
-{
-    DBSettingsType type;
-    const char *name;
-    const char *words;
-};
-
-// clang-format off
-constexpr Kind kinds[] = {
-    {DBSettingsType::CheckBox,                 "flag",               QT_TRANSLATE_NOOP("DescribeCommand", "да или нет")},
-    {DBSettingsType::ComboBox,                 "choice",             QT_TRANSLATE_NOOP("DescribeCommand", "выбор")},
-    {DBSettingsType::LineEdit,                 "text",               QT_TRANSLATE_NOOP("DescribeCommand", "строка")},
-    {DBSettingsType::SpinBox,                  "number",             QT_TRANSLATE_NOOP("DescribeCommand", "число")},
-    {DBSettingsType::JsonGroup,                "json-object",        QT_TRANSLATE_NOOP("DescribeCommand", "объект JSON")},
-    {DBSettingsType::Readonly,                 "read-only",          QT_TRANSLATE_NOOP("DescribeCommand", "только для чтения")},
-    {DBSettingsType::Password,                 "secret",             QT_TRANSLATE_NOOP("DescribeCommand", "пароль или токен")},
-    {DBSettingsType::OrgstructureSelector,     "department",         QT_TRANSLATE_NOOP("DescribeCommand", "подразделение")},
-    {DBSettingsType::SmartCardProfileSelector, "smart-card-profile", QT_TRANSLATE_NOOP("DescribeCommand", "профиль смарткарт")},
-};
-// clang-format on
-
-const Kind &kindOf(const SettingAddress &address)
-{
-    const DBSettingsType type = DBSettingsHelper::paramType(address.parameter());
-    const auto found =
-        std::find_if(std::begin(kinds), std::end(kinds), [type](const Kind &kind) { return kind.type == type; });
-    Q_ASSERT(found != std::end(kinds));
-    return *found;
-}
 
 /// Null where no value can be set, and for a JSON object as a whole.
 QString allowed(const SettingAddress &address)
@@ -116,7 +87,7 @@ QJsonObject json(const SettingAddress &address)
         {QStringLiteral("key"), address.text()},
         {QStringLiteral("group"), page(address)},
         {QStringLiteral("caption"), address.caption()},
-        {QStringLiteral("kind"), QLatin1String(kindOf(address).name)},
+        {QStringLiteral("kind"), ParameterKind::name(address.parameter())},
         {QStringLiteral("minimum"), isNumber ? QJsonValue(minimum) : QJsonValue()},
         {QStringLiteral("maximum"), isNumber ? QJsonValue(maximum) : QJsonValue()},
         {QStringLiteral("specialValue"), unlessEmpty(DBSettingsHelper::paramSpecialValue(address.parameter()))},
@@ -140,12 +111,37 @@ QString text(const SettingAddress &address)
     add(DescribeCommand::tr("Ключ:"), address.text());
     add(DescribeCommand::tr("Название:"), address.caption());
     add(DescribeCommand::tr("Группа:"), group);
-    add(DescribeCommand::tr("Вид:"), DescribeCommand::tr(kindOf(address).words));
+    add(DescribeCommand::tr("Вид:"), ParameterKind::words(address.parameter()));
     add(DescribeCommand::tr("Значения:"), allowed(address));
     add(DescribeCommand::tr("Поля:"), members(address).join(QStringLiteral(", ")));
     add(DescribeCommand::tr("Зависимые:"), dependents(address).join(QStringLiteral(", ")));
     const QString tip = toolTip(address);
     return tip.isEmpty() ? facts.text() : facts.text() + QStringLiteral("\n%1\n").arg(tip);
+}
+
+/// Not in the catalogue, and on no page.
+Report describeAccess()
+{
+    const SettingAddress access{PageAccess::KEY};
+    QStringList flags;
+    for (const QString &page : PageNames::all())
+        flags.append(SettingAddress{access.key, page}.text());
+    TextTable facts;
+    facts.addRow({DescribeCommand::tr("Ключ:"), access.text()});
+    facts.addRow({DescribeCommand::tr("Название:"), access.caption()});
+    facts.addRow({DescribeCommand::tr("Вид:"), DescribeCommand::tr("объект JSON")});
+    facts.addRow({DescribeCommand::tr("Значения:"),
+                  DescribeCommand::tr("true — операторы могут изменять страницу, false — нет; пока ничего не записано, "
+                                      "можно изменять всё. Меняется с параметром --as-administrator.")});
+    facts.addRow({DescribeCommand::tr("Поля:"), flags.join(QStringLiteral(", "))});
+    Report report;
+    report.text = facts.text();
+    report.json.setObject({{QStringLiteral("key"), access.text()},
+                           {QStringLiteral("group"), QJsonValue()},
+                           {QStringLiteral("caption"), access.caption()},
+                           {QStringLiteral("kind"), QStringLiteral("json-object")},
+                           {QStringLiteral("members"), QJsonArray::fromStringList(flags)}});
+    return report;
 }
 
 Report describeAll()
@@ -154,7 +150,7 @@ Report describeAll()
                      DescribeCommand::tr("ЗНАЧЕНИЯ")});
     QJsonArray rows;
     for (const SettingAddress &address : SettingAddress::all()) {
-        table.addRow({address.text(), address.caption(), DescribeCommand::tr(kindOf(address).words), allowed(address)});
+        table.addRow({address.text(), address.caption(), ParameterKind::words(address.parameter()), allowed(address)});
         rows.append(json(address));
     }
     Report report;
@@ -170,6 +166,8 @@ Report DescribeCommand::run(Session &session)
     if (name.isNull())
         return describeAll();
     const auto address = SettingAddress::fromText(name);
+    if (PageAccess::isAbout(address))
+        return describeAccess();
     if (!address.isKnown())
         return Report::failure(ExitDiffers, tr("Настройки «%1» нет в каталоге.").arg(TextTable::visible(name)));
     Report report;

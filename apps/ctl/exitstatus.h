@@ -24,7 +24,7 @@ constexpr ExitStatusText exitStatusTexts[] = {
     {ExitDone,     QT_TRANSLATE_NOOP("ExitStatus", "выполнено")},
     {ExitDiffers,  QT_TRANSLATE_NOOP("ExitStatus", "есть отличия или ошибки в сохранённых значениях; ничего не найдено")},
     {ExitUsage,    QT_TRANSLATE_NOOP("ExitStatus", "ошибка в командной строке")},
-    {ExitInvalid,  QT_TRANSLATE_NOOP("ExitStatus", "недопустимое имя, значение или сочетание значений; ничего не сохранено")},
+    {ExitInvalid,  QT_TRANSLATE_NOOP("ExitStatus", "недопустимое имя, значение или сочетание значений, закрытая страница; ничего не сохранено")},
     {ExitConflict, QT_TRANSLATE_NOOP("ExitStatus", "настройку одновременно изменил кто-то другой; ничего не сохранено")},
     {ExitDatabase, QT_TRANSLATE_NOOP("ExitStatus", "ошибка базы данных или файла; ожидание прервано; неизвестно, сохранены ли изменения")},
 };

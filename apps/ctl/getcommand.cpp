@@ -4,6 +4,7 @@
 #include "texttable.h"
 #include "valuewords.h"
 
+#include <host/pageaccess.h>
 #include <host/settingaddress.h>
 
 #include <QJsonObject>
@@ -15,7 +16,7 @@ Report GetCommand::run(Session &session)
     const auto address = SettingAddress::fromText(session.commandLine().arguments().constFirst());
     const QString name = TextTable::visible(address.text());
     const auto value = address.valueIn(session.settings());
-    if (!value && !address.isKnown())
+    if (!value && !address.isKnown() && !PageAccess::isAbout(address))
         return Report::failure(ExitDiffers, tr("Настройки «%1» нет.").arg(name));
     if (!value)
         return Report::failure(ExitDiffers, tr("Настройка «%1» не задана.").arg(name));

@@ -5,6 +5,8 @@
 #include "stampwords.h"
 #include "texttable.h"
 
+#include <host/pageaccess.h>
+
 #include <QJsonArray>
 
 using Records = QVector<HistoryRecord>;
@@ -49,7 +51,7 @@ Report HistoryCommand::run(Session &session)
     if (auto failure = session.readHistory(address.key, records))
         return *failure;
     const QJsonArray rows = json(records, address.member);
-    if (rows.isEmpty() && !name.isNull() && !address.isKnown())
+    if (rows.isEmpty() && !name.isNull() && !address.isKnown() && !PageAccess::isAbout(address))
         return Report::failure(ExitDiffers, tr("Настройки «%1» нет.").arg(TextTable::visible(name)));
 
     Report report;

@@ -5,6 +5,8 @@
 #include "valuewords.h"
 #include "waitnotices.h"
 
+#include <host/pageaccesswords.h>
+
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -80,17 +82,27 @@ std::optional<Report> Session::readTextAt(const QString &key, qint64 revision, Q
 std::optional<Report> Session::save(const OBJECT_PARAMETERS &changes)
 {
     const auto result = await<SaveResult>(
-        [this, &changes](const auto &done) {
-            m_database.save(changes, m_database.installation(), m_commandLine.reason(), done);
-        },
-        Interrupted::WaitsForTheEnd);
+        [this, &changes](const auto &done) { m_database.save(orderOf(changes), done); }, Interrupted::WaitsForTheEnd);
     if (result->isDone())
         return {};
     if (result->outcome == Outcome::Conflicting)
         return conflictReport(result->conflicts);
+    if (result->outcome == Outcome::Forbidden)
+        return Report::failure(ExitInvalid,
+                               tr("Ничего не сохранено.\n%1").arg(PageAccessWords::refusal(result->forbiddenKeys)));
     if (result->outcome == Outcome::Unknown)
         return unknownReport(*result);
     return failure(result->error.value_or(DatabaseError()));
+}
+
+Authority Session::authority() const
+{
+    return m_commandLine.isSet(Option::AsAdministrator) ? Authority::Administrator : Authority::Operator;
+}
+
+SaveOrder Session::orderOf(const OBJECT_PARAMETERS &changes) const
+{
+    return {changes, m_database.installation(), m_commandLine.reason(), authority()};
 }
 
 template <typename Result>

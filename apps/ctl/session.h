@@ -5,6 +5,7 @@
 
 #include <host/installationdatabase.h>
 #include <host/objectindex.h>
+#include <host/saveorder.h>
 
 #include <QCoreApplication>
 
@@ -32,6 +33,8 @@ public:
     /// Reads everything. What went wrong, or nothing.
     [[nodiscard]] std::optional<Report> load();
 
+    /// On whose authority it saves, as the command line says.
+    Authority authority() const;
     /// What load() has read, and save() written.
     const QHash<QString, QString> &settings() const;
     const ObjectIndex &objects() const;
@@ -56,6 +59,7 @@ private:
     /// The same for something that is read into @p value. What went wrong, or nothing.
     template <typename Value>
     std::optional<Report> read(Value &value, const Call<DatabaseResult<Value>> &call);
+    SaveOrder orderOf(const vantorix::OBJECT_PARAMETERS &changes) const;
     static Report failure(const DatabaseError &error);
     Report conflictReport(const QVector<SettingConflict> &conflicts) const;
     Report unknownReport(const SaveResult &result) const;

@@ -3,6 +3,8 @@
 #include "session.h"
 #include "storeddifference.h"
 
+#include <host/pageaccess.h>
+#include <host/pageaccesswords.h>
 #include <host/settingrules.h>
 #include <host/settingvalue.h>
 
@@ -26,8 +28,7 @@ void SettingChanges::assign(const SettingAddress &address, const QString &words)
     if (const auto text = address.textWith(*judgement.stored, m_wanted.value(address.key)))
         put(address.key, *text);
     else
-        refuse(tr("%1: в базе данных не объект JSON, поле задать нельзя. Исправьте: vxsettingsctl check --repair.")
-                   .arg(address.text()));
+        refuse(unreadableError(address));
 }
 
 void SettingChanges::put(const QString &key, const QString &text)
@@ -41,8 +42,18 @@ void SettingChanges::refuse(const QString &error)
     m_errors.append(error);
 }
 
+QString SettingChanges::unreadableError(const SettingAddress &address)
+{
+    if (PageAccess::isAbout(address))
+        return tr("%1: в базе данных не объект JSON, поле задать нельзя. Задайте %2 целиком.")
+            .arg(address.text(), address.key);
+    return tr("%1: в базе данных не объект JSON, поле задать нельзя. Исправьте: vxsettingsctl check --repair.")
+        .arg(address.text());
+}
+
 Report SettingChanges::apply()
 {
+    refuseLocked();
     if (m_errors.isEmpty())
         refuseBrokenRules();
     if (!m_errors.isEmpty())
@@ -55,6 +66,15 @@ Report SettingChanges::apply()
     if (changes.isEmpty())
         return done;
     return m_session.save(changes).value_or(done);
+}
+
+void SettingChanges::refuseLocked()
+{
+    if (m_session.authority() == Authority::Administrator)
+        return;
+    const QStringList locked = PageAccess::in(m_session.settings()).locked(toStore().keys());
+    if (!locked.isEmpty())
+        refuse(PageAccessWords::refusal(locked));
 }
 
 void SettingChanges::refuseBrokenRules()

@@ -31,11 +31,14 @@ public:
     /// Remembers that something else must not be stored.
     void refuse(const QString &error);
 
-    /// Saves the changes, or only tells them if the command line says so. Nothing is saved if anything was refused, or
-    /// if they break a rule across settings that was not broken in this way before.
+    /// Saves the changes, or only tells them if the command line says so. Nothing is saved if anything was refused,
+    /// if an operator may not change it, or if they break a rule across settings that was not broken in this way
+    /// before.
     [[nodiscard]] Report apply();
 
 private:
+    static QString unreadableError(const SettingAddress &address);
+    void refuseLocked();
     void refuseBrokenRules();
     vantorix::OBJECT_PARAMETERS toStore() const;
     Report report(bool isSaved) const;

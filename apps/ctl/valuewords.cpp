@@ -2,6 +2,7 @@
 
 #include "texttable.h"
 
+#include <host/pageaccess.h>
 #include <host/settingwords.h>
 
 bool ValueWords::isSecret(const SettingAddress &address)
@@ -13,7 +14,7 @@ bool ValueWords::isSecret(const SettingAddress &address)
 
 QString ValueWords::caption(const SettingAddress &address)
 {
-    return address.isKnown() ? address.caption() : QString();
+    return address.isKnown() || PageAccess::isAbout(address) ? address.caption() : QString();
 }
 
 QString ValueWords::words(const SettingAddress &address, const std::optional<QString> &value)
@@ -23,6 +24,8 @@ QString ValueWords::words(const SettingAddress &address, const std::optional<QSt
         return tr("—");
     if (isSecret(address))
         return SettingWords::value(address.key, *value);
+    if (PageAccess::isAbout(address))
+        return TextTable::visible(SettingWords::value(address, *value));
     if (address.isKnown())
         return TextTable::visible(SettingWords::value(address.parameter(), *value));
     return TextTable::visible(tr("«%1»").arg(*value));

@@ -1,5 +1,6 @@
 #include "changetree.h"
 
+#include <host/pageaccess.h>
 #include <host/settingchange.h>
 #include <host/settingwords.h>
 
@@ -19,6 +20,14 @@ constexpr QSize largestHint(760, 420);
 bool isSecret(const SettingAddress &address)
 {
     return address.isKnown() && SettingWords::isSecret(address.parameter());
+}
+
+QString headingOf(const SettingAddress &setting)
+{
+    if (PageAccess::isAbout(setting))
+        return setting.caption();
+    return setting.isKnown() ? DBSettingsHelper::groupName(setting.group())
+                             : ChangeTree::tr("Настройки, которых нет в каталоге");
 }
 
 /// That a secret is another one cannot be seen from its words.
@@ -103,8 +112,7 @@ QTreeWidgetItem *ChangeTree::addHeading(const QString &text)
 QTreeWidgetItem *ChangeTree::pageHeading(const SettingAddress &address)
 {
     const SettingAddress whole{address.key};
-    const QString title =
-        whole.isKnown() ? DBSettingsHelper::groupName(whole.group()) : tr("Настройки, которых нет в каталоге");
+    const QString title = headingOf(whole);
     for (int row = 0; row < topLevelItemCount(); ++row) {
         if (topLevelItem(row)->text(0) == title)
             return topLevelItem(row);
@@ -115,7 +123,8 @@ QTreeWidgetItem *ChangeTree::pageHeading(const SettingAddress &address)
 QTreeWidgetItem *ChangeTree::addSetting(QTreeWidgetItem *heading, const SettingAddress &address,
                                         const QStringList &words)
 {
-    const QString caption = address.isKnown() ? address.caption() : address.text();
+    const bool hasCaption = address.isKnown() || PageAccess::isAbout(address);
+    const QString caption = hasCaption ? address.caption() : address.text();
     auto *item = new QTreeWidgetItem(heading, QStringList{caption} + words);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     item->setData(0, addressRole, address.text());

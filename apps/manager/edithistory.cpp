@@ -139,7 +139,7 @@ void EditHistory::addPage()
         DBParamWidget *editor = m_session.editor(address);
         if (!editor)
             continue;
-        m_parameters.push_back({address, editor, editor->value().toString()});
+        m_parameters.push_back({address, editor, {editor->value().toString(), m_session.isReplacing(address)}});
         editor->centralWidget()->removeEventFilter(this);
         editor->centralWidget()->installEventFilter(this);
     }
@@ -166,10 +166,13 @@ void EditHistory::takeOther()
 /// What is shown now and was not before.
 QVector<EditHistory::Change> EditHistory::followShown()
 {
+    const QVector<SettingAddress> replacing = m_session.replacing();
     QVector<Change> changes;
     for (Parameter &parameter : m_parameters) {
         // Not by way of the session, which would look for every one of them at every key stroke.
-        const QString shown = parameter.editor ? parameter.editor->value().toString() : parameter.shown;
+        if (!parameter.editor)
+            continue;
+        const State shown{parameter.editor->value().toString(), replacing.contains(parameter.address)};
         if (shown == parameter.shown)
             continue;
         changes.append({parameter.address, parameter.shown, shown});
@@ -199,20 +202,23 @@ void EditHistory::step(void (QUndoStack::*move)())
 }
 
 /// Whether @p to is shown now in the place of @p from.
-bool EditHistory::show(const Change &change, const QString &from, const QString &to)
+bool EditHistory::show(const Change &change, const State &from, const State &to)
 {
-    if (m_session.shownText(change.address) != from)
+    const State now{m_session.shownText(change.address), m_session.isReplacing(change.address)};
+    if (now.text != from.text || now == to)
         return false;
     const QVector<SettingsSession::Conflict> conflicts = m_session.conflicts();
     const bool isTakenBack =
         std::any_of(conflicts.begin(), conflicts.end(), [&](const SettingsSession::Conflict &conflict) {
-            return conflict.address == change.address && conflict.base == to;
+            return conflict.address == change.address && conflict.base == to.text;
         });
     // What the edit started from is not there any more: without the edit, what others have stored is shown.
     if (isTakenBack)
         m_session.revert(change.address);
+    else if (to.isReplacing)
+        m_session.replaceStored(change.address, to.text);
     else
-        m_session.setParameter(change.address, to);
+        m_session.setParameter(change.address, to.text);
     m_stepped = change.address;
     return true;
 }

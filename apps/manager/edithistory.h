@@ -14,9 +14,9 @@ class SettingsSession;
 
 /// Undo and redo of what is edited on all pages of a session.
 ///
-/// What is typed into one editor is one step, until the focus leaves or another parameter is edited. A revert is a step
-/// like an edit. A step does nothing, and is left out, where its parameter shows something else by now because others
-/// have stored it.
+/// What is typed into one editor is one step, until the focus leaves or another parameter is edited. A revert or a
+/// repair is a step like an edit. A step does nothing, and is left out, where its parameter shows something else by now
+/// because others have stored it.
 class EditHistory : public QObject
 {
     Q_OBJECT
@@ -44,17 +44,25 @@ protected:
 private:
     class Step;
 
+    /// What an editor shows, and whether that is to be stored even if it is no edit by itself.
+    struct State
+    {
+        QString text;
+        bool isReplacing = false;
+
+        bool operator==(const State &other) const { return text == other.text && isReplacing == other.isReplacing; }
+    };
     struct Parameter
     {
         SettingAddress address;
         QPointer<DBParamWidget> editor;
-        QString shown;
+        State shown;
     };
     struct Change
     {
         SettingAddress address;
-        QString before;
-        QString after;
+        State before;
+        State after;
     };
 
     QAction *createAction(const QKeySequence &shortcut, void (EditHistory::*trigger)());
@@ -65,7 +73,7 @@ private:
     QVector<Change> followShown();
     void enableActions();
     void step(void (QUndoStack::*move)());
-    bool show(const Change &change, const QString &from, const QString &to);
+    bool show(const Change &change, const State &from, const State &to);
 
     SettingsSession &m_session;
     QUndoStack m_stack;

@@ -68,6 +68,11 @@ HistoryDialog::HistoryDialog(const std::optional<SettingAddress> &address, QWidg
     resize(initialSize);
 }
 
+void HistoryDialog::setAccess(const PageAccess &access)
+{
+    m_access = access;
+}
+
 void HistoryDialog::setRecords(const QVector<HistoryRecord> &records)
 {
     m_tree->clear();
@@ -109,7 +114,7 @@ void HistoryDialog::addRecord(QTreeWidgetItem *save, const HistoryRecord &record
 void HistoryDialog::addChange(QTreeWidgetItem *save, const SettingChange &change)
 {
     QTreeWidgetItem *item = m_tree->addChange(save, change);
-    if (isEditable(change.address))
+    if (isEditable(change.address) && m_access.mayEdit(SettingAddress{change.address.key}.group()))
         item->setData(0, restorableRole, change.before);
 }
 

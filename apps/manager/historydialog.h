@@ -1,6 +1,7 @@
 #pragma once
 
 #include <host/historyrecord.h>
+#include <host/pageaccess.h>
 #include <host/settingaddress.h>
 
 #include <QDialog>
@@ -26,6 +27,8 @@ public:
     /// Of what is stored at @p address, be it a member of a JSON setting; of everything without one.
     explicit HistoryDialog(const std::optional<SettingAddress> &address, QWidget *parent = nullptr);
 
+    /// What operators may not edit cannot be restored; by itself everything can. Before the records.
+    void setAccess(const PageAccess &access);
     /// @p records: oldest first, of the key or of all settings.
     void setRecords(const QVector<HistoryRecord> &records);
     /// The history could not be read: @p problem, a sentence or more.
@@ -43,6 +46,7 @@ private:
     void restore();
 
     std::optional<SettingAddress> m_address;
+    PageAccess m_access;
     QLabel *m_state;
     ChangeTree *m_tree;
     QPushButton *m_restore = nullptr;

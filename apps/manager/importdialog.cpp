@@ -90,6 +90,12 @@ ImportDialog::ImportDialog(const QVector<ImportPlan::Row> &rows, const QString &
     head->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(head);
+    m_edits = new QLabel(this);
+    layout->addWidget(m_edits);
+    m_edits->setObjectName(QStringLiteral("edits"));
+    m_edits->setTextFormat(Qt::PlainText);
+    m_edits->setWordWrap(true);
+    m_edits->hide();
     layout->addWidget(createFilter());
     layout->addWidget(m_tree, 1);
     layout->addWidget(createButtons());
@@ -105,6 +111,14 @@ ImportDialog::ImportDialog(const QVector<ImportPlan::Row> &rows, const QString &
     m_tree->goToFirstSetting();
     m_tree->setFocus();
     resize(initialSize);
+}
+
+void ImportDialog::setEditCount(int count)
+{
+    const QString words = tr("Сравнивается с тем, что сохранено. Несохранённых изменений: %1.").arg(count);
+    const QString overwritten = tr("Отмеченные значения заменят их у тех же параметров; это можно отменить.");
+    m_edits->setText(m_purpose == Purpose::Import ? words + QLatin1Char(' ') + overwritten : words);
+    m_edits->setVisible(count > 0);
 }
 
 QWidget *ImportDialog::createFilter()

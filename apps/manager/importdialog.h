@@ -25,6 +25,8 @@ public:
     ImportDialog(const QVector<ImportPlan::Row> &rows, const QString &fileName, Purpose purpose,
                  QWidget *parent = nullptr);
 
+    /// Tells that @p count parameters are edited here, which the comparison does not look at; 0 tells nothing.
+    void setEditCount(int count);
     /// Of an accepted dialog: what is to be taken over as edits, each of one parameter. The text is what is to be
     /// stored at the address, valid but perhaps not written as its editor would write it.
     QVector<SettingChange> chosen() const;
@@ -46,5 +48,6 @@ private:
     QLineEdit *m_words;
     QComboBox *m_states;
     QHash<QTreeWidgetItem *, ImportPlan::Row> m_rowsByItem;
+    QLabel *m_edits = nullptr;
     QPushButton *m_accept = nullptr; ///< null for a comparison
 };

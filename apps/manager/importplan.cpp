@@ -1,5 +1,7 @@
 #include "importplan.h"
 
+#include <host/pageaccess.h>
+
 #include <algorithm>
 
 namespace {
@@ -18,7 +20,7 @@ QString textOf(const vantorix::OBJECT_PARAMETERS &settings, const QString &key)
 
 State stateOf(const SettingChange &change)
 {
-    if (!change.address.isKnown())
+    if (!change.address.isKnown() && !PageAccess::isAbout(change.address))
         return State::Unknown;
     return change.after.isNull() ? State::Missing : State::Changed;
 }
@@ -51,5 +53,18 @@ QVector<ImportPlan::Row> ImportPlan::rows(const vantorix::OBJECT_PARAMETERS &wan
     };
     std::stable_sort(rows.begin(), rows.end(),
                      [&](const Row &left, const Row &right) { return position(left) < position(right); });
+    return rows;
+}
+
+QVector<ImportPlan::Row> ImportPlan::locked(QVector<Row> rows, const PageAccess &access)
+{
+    for (Row &row : rows) {
+        const QString &key = row.change.address.key;
+        if (row.state != State::Changed || access.locked({key}).isEmpty())
+            continue;
+        row.state = State::Invalid;
+        row.error =
+            key == PageAccess::KEY ? tr("Меняется в окне «Доступ операторов»") : tr("Страница закрыта для операторов");
+    }
     return rows;
 }

@@ -62,6 +62,7 @@ void MainMenu::fillEditMenu()
     // The search field has the shortcut itself.
     add(m_edit, QT_TR_NOOP("&Найти…\tCtrl+F"), &MainMenu::findRequested);
     add(m_edit, QT_TR_NOOP("&История изменений…"), &MainMenu::historyRequested);
+    add(m_edit, QT_TR_NOOP("&Доступ операторов…"), &MainMenu::accessRequested);
 }
 
 void MainMenu::fillViewMenu()

@@ -29,6 +29,7 @@ Q_SIGNALS:
     void quitRequested();
     void findRequested();
     void historyRequested();
+    void accessRequested();
     void aboutRequested();
 
 protected:

@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "accessdialog.h"
 #include "changebar.h"
 #include "conflictdialog.h"
 #include "edithistory.h"
@@ -9,19 +10,24 @@
 #include "pagelist.h"
 #include "parametermarks.h"
 #include "parametermenu.h"
+#include "repairdialog.h"
 #include "reviewdialog.h"
 #include "savequestions.h"
 #include "searchfield.h"
 #include "settingsfiles.h"
 #include "spotlight.h"
 
+#include <host/pageaccesswords.h>
 #include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
+#include <host/settingvalue.h>
 #include <host/translations.h>
 
 #include <vxsettings/dbparamwidget.h>
+#include <vxsettings/dbsettingshelper.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -33,6 +39,8 @@
 #include <QStackedWidget>
 #include <QTimer>
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace {
 
@@ -101,6 +109,8 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     new ParameterMarks(m_session, this);
     auto *menu = new ParameterMenu(m_session, m_database.location(), this);
     connect(menu, &ParameterMenu::parameterWanted, this, &MainWindow::showParameter);
+    connect(menu, &ParameterMenu::historyWanted, this, &MainWindow::showHistory);
+    connect(menu, &ParameterMenu::repairWanted, this, &MainWindow::repair);
     auto *history = new EditHistory(m_session, this);
     m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
@@ -113,6 +123,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
+    connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::showLocks);
     // Not from within the signal, which a dialog would hold up.
     connect(&m_session, &SettingsSession::saveFinished, this,
             [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
@@ -126,6 +137,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     restoreView();
     showPage(m_list->chosen());
     findStoredProblems();
+    showLocks();
     m_list->setFocus();
 }
 
@@ -175,7 +187,8 @@ void MainWindow::connectMenu()
     connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::review);
     connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
     connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
-    connect(m_menu, &MainMenu::historyRequested, this, &MainWindow::showHistory);
+    connect(m_menu, &MainMenu::historyRequested, this, [this] { showHistory(std::nullopt); });
+    connect(m_menu, &MainMenu::accessRequested, this, &MainWindow::showAccess);
     connect(m_menu, &MainMenu::exportRequested, m_files, &SettingsFiles::exportSettings);
     connect(m_menu, &MainMenu::reportRequested, m_files, &SettingsFiles::writeReport);
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
@@ -196,6 +209,8 @@ void MainWindow::retranslate()
 {
     setWindowTitle(tr("%1[*] — Настройки базы данных").arg(m_database.location().shortName()));
     m_session.retranslate();
+    showLocks();
+    showUnreadable();
 }
 
 void MainWindow::showPage(DBGroups group)
@@ -206,8 +221,11 @@ void MainWindow::showPage(DBGroups group)
 PageArea *MainWindow::openArea(DBGroups group)
 {
     PageArea *&area = m_areas[int(group)];
-    if (!area)
+    if (!area) {
         area = createPage(group);
+        showLocks();
+        showUnreadable();
+    }
     return area;
 }
 
@@ -215,6 +233,8 @@ PageArea *MainWindow::createPage(DBGroups group)
 {
     auto *area = new PageArea;
     area->setPage(m_session.openPage(group, area->canvas()));
+    connect(area, &PageArea::accessRequested, this, &MainWindow::showAccess);
+    connect(area, &PageArea::repairRequested, this, [this, group] { repair(unreadableKey(group)); });
     m_stack->addWidget(area);
     // What is built last is last in the tab order, and belongs between the list and the bar.
     QWidget *last = previousInFocusChain();
@@ -233,13 +253,58 @@ void MainWindow::showParameter(const SettingAddress &address)
         return;
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
-    editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value, as when one comes with that key
+    if (m_session.mayEdit(page))
+        editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value
+    else
+        m_areas.value(int(page))->focusLock();
 }
 
 void MainWindow::edit(const SettingAddress &address, const QString &text)
 {
     openArea(SettingAddress{address.key}.group());
-    m_session.setParameter(address, text);
+    m_session.replaceStored(address, text);
+}
+
+void MainWindow::showLocks()
+{
+    for (const SettingsPageName &page : settingsPages) {
+        const bool isLocked = !m_session.mayEdit(page.group);
+        m_list->setLocked(page.group, isLocked);
+        if (PageArea *area = m_areas.value(int(page.group)))
+            area->setLockReason(isLocked ? PageAccessWords::lockReason(m_session.access()) : QString());
+    }
+}
+
+void MainWindow::showUnreadable()
+{
+    for (const SettingsPageName &page : settingsPages) {
+        PageArea *area = m_areas.value(int(page.group));
+        const QString key = area ? unreadableKey(page.group) : QString();
+        if (!area)
+            continue;
+        area->setRepairReason(key.isNull() ? QString()
+                                           : tr("Запись «%1» в базе данных не читается целиком. Страница показывает "
+                                                "то, что в ней удалось разобрать.")
+                                                 .arg(SettingAddress{key}.caption()));
+    }
+}
+
+/// Of a JSON setting on the page that waits for a repair; null if there is none.
+QString MainWindow::unreadableKey(DBGroups page) const
+{
+    const QVector<SettingAddress> replacing = m_session.replacing();
+    for (const QString &key : DBSettingsHelper::groupParams(page)) {
+        const bool isRepaired = std::any_of(replacing.begin(), replacing.end(),
+                                            [&key](const SettingAddress &address) { return address.key == key; });
+        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !isRepaired)
+            return key;
+    }
+    return {};
+}
+
+void MainWindow::showAccess()
+{
+    AccessDialog(m_session, this).exec();
 }
 
 void MainWindow::findStoredProblems()
@@ -271,6 +336,7 @@ void MainWindow::showChanges()
     const int count = changed.count();
     m_searchField->setChanged(changed);
     showProblems();
+    showUnreadable();
     setWindowModified(count > 0);
     m_bar->setChangeCount(count, m_session.conflicts().count());
     for (const SettingsPageName &page : settingsPages)
@@ -340,6 +406,10 @@ void MainWindow::finishSave(const SaveResult &result)
     case SaveResult::Outcome::Unreadable:
         saveReplacingUnreadable(result.unreadableKeys);
         break;
+    case SaveResult::Outcome::Forbidden:
+        stay();
+        revertForbidden(result.forbiddenKeys);
+        break;
     case SaveResult::Outcome::Conflicting:
         resolveConflicts();
         break;
@@ -351,6 +421,16 @@ void MainWindow::explainFailure(const DatabaseError &error)
     stay();
     if (error.kind != DatabaseError::Kind::Cancelled)
         SaveQuestions::showError(this, error);
+}
+
+void MainWindow::revertForbidden(const QStringList &keys)
+{
+    if (!SaveQuestions::revertForbidden(this, PageAccessWords::refusal(keys)))
+        return;
+    for (const SettingAddress &address : m_session.changedAddresses()) {
+        if (keys.contains(address.key))
+            m_session.revert(address);
+    }
 }
 
 void MainWindow::resolveConflicts()
@@ -380,16 +460,14 @@ QVector<SettingChange> MainWindow::changes() const
     return changes;
 }
 
-void MainWindow::showHistory()
+void MainWindow::showHistory(const std::optional<SettingAddress> &address)
 {
-    HistoryDialog dialog(std::nullopt, this);
-    connect(&dialog, &HistoryDialog::restoreRequested, this,
-            [this](const SettingAddress &address, const QString &text) {
-                edit(address, text);
-                showParameter(address);
-            });
+    HistoryDialog dialog(address, this);
+    dialog.setAccess(m_session.access());
+    connect(&dialog, &HistoryDialog::restoreRequested, this, &MainWindow::restore);
     const QPointer<HistoryDialog> shown(&dialog);
-    m_database.history({}, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
+    const QString key = address ? address->key : QString();
+    m_database.history(key, [shown](const DatabaseResult<QVector<HistoryRecord>> &read) {
         if (!shown)
             return;
         if (read.error)
@@ -398,6 +476,33 @@ void MainWindow::showHistory()
             shown->setRecords(read.value);
     });
     dialog.exec();
+}
+
+void MainWindow::restore(const SettingAddress &address, const QString &text)
+{
+    // What was stored once need not be right today.
+    const auto judgement = SettingValue::judge(address, text, ObjectIndex(m_session.stored().objects));
+    if (!judgement.stored) {
+        SaveQuestions::refuseRestored(QApplication::activeModalWidget(), judgement.error);
+        return;
+    }
+    edit(address, *judgement.stored);
+    showParameter(address);
+}
+
+void MainWindow::repair(const QString &key)
+{
+    QString problem;
+    for (const SettingFinding &finding : m_session.findings()) {
+        if (finding.address.key == key && problem.isEmpty())
+            problem = finding.words;
+    }
+    RepairDialog dialog(SettingAddress{key}.caption(), problem, m_session.stored().settings.value(key),
+                        m_session.repairedText(key), this);
+    const qint64 seen = m_session.stored().revisions.value(key);
+    // Meanwhile somebody else may have stored something that nobody here has seen.
+    if (dialog.exec() == QDialog::Accepted && m_session.stored().revisions.value(key) == seen)
+        m_session.repair(key);
 }
 
 void MainWindow::importSettings()

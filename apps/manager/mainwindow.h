@@ -40,8 +40,8 @@ public:
     /// Opens the page of @p address, which is a parameter, scrolls to it, draws the eye to it and puts the keyboard
     /// there.
     void showParameter(const SettingAddress &address);
-    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed. Opens the page for that, without
-    /// leaving the one that is shown.
+    /// Shows @p text, as it is stored, in the parameter's editor as if it were typed; it is an edit even if the editor
+    /// shows it already in the place of what is stored. Opens the page for that, without leaving the one that is shown.
     void edit(const SettingAddress &address, const QString &text);
 
 protected:
@@ -58,6 +58,10 @@ private:
     PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
+    void showLocks();
+    void showUnreadable();
+    QString unreadableKey(DBGroups page) const;
+    void showAccess();
     void findStoredProblems();
     void showProblems();
 
@@ -67,9 +71,12 @@ private:
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);
     void explainFailure(const DatabaseError &error);
+    void revertForbidden(const QStringList &keys);
     void resolveConflicts();
     QVector<SettingChange> changes() const;
-    void showHistory();
+    void showHistory(const std::optional<SettingAddress> &address);
+    void restore(const SettingAddress &address, const QString &text);
+    void repair(const QString &key);
     void importSettings();
     void stay();
     bool mayClose();

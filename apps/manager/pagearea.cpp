@@ -1,5 +1,7 @@
 #include "pagearea.h"
 
+#include "pagenotice.h"
+
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QCoreApplication>
@@ -9,10 +11,25 @@
 namespace {
 
 constexpr int margin = 6;
+constexpr qreal lockedStrength = 0.75; // of the colour of texts that can be edited
+
+/// What is disabled is too pale to be read, and a locked page is there to be read.
+QPalette readable(QPalette palette)
+{
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        QColor color = palette.color(QPalette::Active, role);
+        color.setAlphaF(lockedStrength);
+        palette.setColor(QPalette::Disabled, role, color);
+    }
+    return palette;
+}
 } // namespace
 
 PageArea::PageArea(QWidget *parent)
     : QScrollArea(parent)
+    , m_notices(new QWidget(this))
+    , m_lock(new PageNotice(QStringLiteral("common-lock"), m_notices))
+    , m_repair(new PageNotice(QStringLiteral("common-warning"), m_notices))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -22,6 +39,7 @@ PageArea::PageArea(QWidget *parent)
     auto *layout = new QVBoxLayout(canvas);
     layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
     setWidget(canvas);
+    createNotices();
 }
 
 QWidget *PageArea::canvas() const
@@ -33,7 +51,67 @@ void PageArea::setPage(QWidget *page)
 {
     auto *layout = static_cast<QVBoxLayout *>(canvas()->layout());
     layout->addWidget(page);
+    m_page = page;
     layout->addStretch(1);
+}
+
+void PageArea::createNotices()
+{
+    m_lock->setObjectName(QStringLiteral("lockNotice"));
+    m_repair->setObjectName(QStringLiteral("repairNotice"));
+    auto *layout = new QVBoxLayout(m_notices);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_lock);
+    layout->addWidget(m_repair);
+    connect(m_lock, &PageNotice::actionRequested, this, &PageArea::accessRequested);
+    connect(m_repair, &PageNotice::actionRequested, this, &PageArea::repairRequested);
+}
+
+void PageArea::setLockReason(const QString &reason)
+{
+    m_lock->tell(reason, tr("Доступ операторов…"));
+    m_page->setEnabled(reason.isNull());
+    colorPage();
+    placeNotices();
+}
+
+void PageArea::setRepairReason(const QString &reason)
+{
+    m_repair->tell(reason, tr("Исправить запись…"));
+    placeNotices();
+}
+
+void PageArea::resizeEvent(QResizeEvent *event)
+{
+    QScrollArea::resizeEvent(event);
+    placeNotices();
+}
+
+void PageArea::changeEvent(QEvent *event)
+{
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_page)
+        colorPage();
+}
+
+/// Not on the canvas, with which they would scroll away.
+void PageArea::placeNotices()
+{
+    const bool isEmpty = m_lock->isHidden() && m_repair->isHidden();
+    const int height = isEmpty ? 0 : m_notices->heightForWidth(width());
+    m_notices->setGeometry(0, 0, width(), height);
+    setViewportMargins(0, height, 0, 0);
+}
+
+void PageArea::colorPage()
+{
+    m_page->setPalette(m_page->isEnabled() ? QPalette() : readable(palette()));
+}
+
+void PageArea::focusLock()
+{
+    m_lock->setFocus(Qt::OtherFocusReason);
 }
 
 void PageArea::reveal(QWidget *editor)

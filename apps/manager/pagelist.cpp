@@ -8,6 +8,8 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -17,6 +19,9 @@ constexpr int headingHeight = 24;
 constexpr int margin = 6;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
+constexpr int lockedRole = Qt::UserRole + 1;
+constexpr QSize lockSize(14, 14);
+constexpr QPoint lockOffset(4, 3);
 
 struct Section
 {
@@ -63,6 +68,34 @@ QIcon icon(DBGroups group, const QPalette &palette)
                    QIcon::Selected);
     return icon;
 }
+
+/// A page with a lock at the foot of its picture if operators may not edit it: beside the title is no room for one.
+class PageDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &givenOption, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::paint(painter, givenOption, index);
+        if (!index.data(lockedRole).toBool())
+            return;
+        QStyleOptionViewItem option = givenOption;
+        initStyleOption(&option, index);
+        QRect lock(QPoint(), lockSize);
+        lock.moveBottomRight(
+            option.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &option).bottomRight() +
+            lockOffset);
+        const bool isSelected = option.state & QStyle::State_Selected;
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option.palette.brush(isSelected ? QPalette::Highlight : QPalette::Base));
+        painter->drawEllipse(QRectF(lock).adjusted(-1, -1, 1, 1));
+        const QColor color = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter->drawPixmap(lock,
+                            VXIconHelper::pixmap(QIcon::fromTheme(QStringLiteral("common-lock")), lockSize, color));
+    }
+};
 } // namespace
 
 PageList::PageList(QWidget *parent)
@@ -70,6 +103,7 @@ PageList::PageList(QWidget *parent)
 {
     setObjectName(QStringLiteral("pageList"));
     setIconSize(pictureSize);
+    setItemDelegate(new PageDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(margin, margin, margin, margin);
     setBackgroundRole(QPalette::Base);
@@ -125,6 +159,15 @@ void PageList::setChanged(DBGroups group, bool changed)
     describe(itemOf(group));
 }
 
+void PageList::setLocked(DBGroups group, bool locked)
+{
+    if (locked)
+        m_locked.insert(int(group));
+    else
+        m_locked.remove(int(group));
+    describe(itemOf(group));
+}
+
 void PageList::setHits(const QMap<DBGroups, int> &hits)
 {
     m_hits = hits;
@@ -152,7 +195,15 @@ void PageList::describe(QListWidgetItem *item) const
     QFont font = item->font();
     font.setBold(isChanged);
     item->setFont(font);
-    item->setToolTip(isChanged ? tr("Есть несохранённые изменения") : QString());
+    const bool isLocked = m_locked.contains(int(group));
+    item->setData(lockedRole, isLocked);
+    QStringList words;
+    if (isChanged)
+        words << tr("Есть несохранённые изменения");
+    if (isLocked)
+        words << tr("Закрыта для операторов");
+    item->setToolTip(words.join(QStringLiteral(". ")));
+    item->setData(Qt::AccessibleDescriptionRole, item->toolTip());
 }
 
 QSize PageList::sizeHint() const

@@ -19,6 +19,8 @@ public:
     DBGroups chosen() const;
     /// Marks the page as one with unsaved edits.
     void setChanged(DBGroups group, bool changed);
+    /// Marks the page as one that operators may not edit.
+    void setLocked(DBGroups group, bool locked);
     /// Tells behind each title how many results a search has there; empty while nothing is searched for.
     void setHits(const QMap<DBGroups, int> &hits);
     /// The row of the page.
@@ -46,4 +48,5 @@ private:
 
     QMap<DBGroups, int> m_hits;
     QSet<int> m_changed; ///< groups
+    QSet<int> m_locked;  ///< groups
 };

@@ -142,8 +142,10 @@ QString ParameterMarks::storedWords(const SettingAddress &address) const
 
 QString ParameterMarks::findingWords(const SettingFinding &finding)
 {
-    // Of a secret nothing more is told, and of an object that cannot be read too much would be.
-    if (finding.stored.isNull() || finding.address.isJsonObject())
+    // Of an object that cannot be read too much would be told.
+    if (finding.address.isKnown() && finding.address.isJsonObject())
+        return tr("%1 Исправить запись можно в контекстном меню.").arg(finding.words);
+    if (finding.stored.isNull()) // of a secret
         return finding.words;
     if (finding.shown.isNull())
         return tr("%1 Сохранено: %2.").arg(finding.words, asWritten(finding.stored));

@@ -86,6 +86,8 @@ QMenu *ParameterMenu::createMenu(const SettingAddress &address)
     // Not from within the menu, which goes meanwhile.
     menu->addAction(tr("Почему такое значение…"), this,
                     [=] { QTimer::singleShot(0, this, [=] { explain(address); }); });
+    menu->addAction(tr("История параметра…"), this,
+                    [=] { QTimer::singleShot(0, this, [=] { Q_EMIT historyWanted(address); }); });
     menu->addSeparator();
     addCopies(*menu, address);
     return menu;
@@ -95,11 +97,23 @@ void ParameterMenu::addChanges(QMenu &menu, const SettingAddress &address)
 {
     QAction *revert = menu.addAction(tr("Вернуть сохранённое значение"), this, [=] { m_session.revert(address); });
     revert->setEnabled(m_session.isChanged(address));
+    addRepair(menu, address);
+}
+
+void ParameterMenu::addRepair(QMenu &menu, const SettingAddress &address)
+{
+    const QString &key = address.key;
     const auto wrong = finding(address);
-    if (!wrong || wrong->repair.isNull())
-        return;
-    menu.addAction(tr("Исправить сохранённое: %1").arg(SettingWords::value(address, wrong->repair)), this,
-                   [=] { m_session.replaceStored(address, wrong->repair); });
+    QAction *repair = nullptr;
+    // Into a text that cannot be read no single value can be put.
+    if (m_session.isUnreadable(key))
+        repair = menu.addAction(tr("Исправить запись «%1»…").arg(SettingAddress{key}.caption()), this,
+                                [=] { QTimer::singleShot(0, this, [=] { Q_EMIT repairWanted(key); }); });
+    else if (wrong && !wrong->repair.isNull())
+        repair = menu.addAction(tr("Исправить сохранённое: %1").arg(SettingWords::value(address, wrong->repair)), this,
+                                [=] { m_session.replaceStored(address, wrong->repair); });
+    if (repair)
+        repair->setEnabled(m_session.mayEdit(SettingAddress{key}.group()));
 }
 
 void ParameterMenu::addSwitch(QMenu &menu, const SettingAddress &address)

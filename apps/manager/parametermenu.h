@@ -14,7 +14,8 @@ class QWidget;
 class SettingsSession;
 
 /// The context menu of every parameter, on its caption and its editor, by mouse and by keyboard: revert and repair it,
-/// lead to what switches it on, tell why it is as it is, copy its key or the command that sets it.
+/// lead to what switches it on, tell why it is as it is and
+/// what it was before, copy its key or the command that sets it.
 ///
 /// The entries that a line edit has by itself stay. Secrets are never told and never copied.
 class ParameterMenu : public QObject
@@ -28,6 +29,10 @@ public:
 Q_SIGNALS:
     /// Somebody wants to be led to that parameter.
     void parameterWanted(const SettingAddress &address);
+    /// Somebody wants to see who has changed it, and perhaps to take that back.
+    void historyWanted(const SettingAddress &address);
+    /// Somebody wants the whole text under @p key repaired, which cannot be read.
+    void repairWanted(const QString &key);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -36,6 +41,7 @@ private:
     void addPage();
     QMenu *createMenu(const SettingAddress &address);
     void addChanges(QMenu &menu, const SettingAddress &address);
+    void addRepair(QMenu &menu, const SettingAddress &address);
     void addSwitch(QMenu &menu, const SettingAddress &address);
     void addCopies(QMenu &menu, const SettingAddress &address);
     void explain(const SettingAddress &address) const;

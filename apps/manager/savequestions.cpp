@@ -88,6 +88,27 @@ void SaveQuestions::showDraftProblem(QWidget *parent, const QString &problem)
     box.exec();
 }
 
+void SaveQuestions::refuseRestored(QWidget *parent, const QString &problem)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Прежнее значение не подходит"), problem, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(tr("Ничего не изменено."));
+    box.addButton(tr("&Закрыть"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+bool SaveQuestions::revertForbidden(QWidget *parent, const QString &refusal)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Страница закрыта"), refusal, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(
+        tr("Ничего не записано. Изменения на закрытых страницах можно отменить и сохранить остальные."));
+    const QPushButton *revert = box.addButton(tr("&Отменить их"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(box.addButton(tr("&Вернуться"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == revert;
+}
+
 void SaveQuestions::showError(QWidget *parent, const DatabaseError &error)
 {
     QMessageBox box(QMessageBox::Critical, tr("Ошибка базы данных"), error.text(), QMessageBox::NoButton, parent);

@@ -27,6 +27,10 @@ public:
     static QString words(const SettingChange &change);
     /// Something that happened to the draft, a sentence.
     static void showDraftProblem(QWidget *parent, const QString &problem);
+    /// An earlier value cannot be taken: @p problem tells why.
+    static void refuseRestored(QWidget *parent, const QString &problem);
+    /// Whether to undo the edits that operators may not save, for which @p refusal gives the words.
+    static bool revertForbidden(QWidget *parent, const QString &refusal);
     static void showError(QWidget *parent, const DatabaseError &error);
     /// The same for a save of which nobody knows whether it was stored.
     static void showUnknown(QWidget *parent, const DatabaseError &error);

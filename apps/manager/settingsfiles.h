@@ -3,6 +3,7 @@
 #include "importdialog.h"
 
 #include <host/settingchange.h>
+#include <host/settingsdocument.h>
 
 #include <QObject>
 
@@ -21,7 +22,7 @@ public:
     /// Asks over @p window, which is its parent. @p session lives longer.
     SettingsFiles(const SettingsSession &session, const DatabaseLocation &location, QWidget *window);
 
-    /// All settings but secret ones, as a file to be imported.
+    /// All settings as a file to be imported, secret ones only if that is wanted.
     void exportSettings();
     /// All settings in words, to be printed.
     void writeReport();
@@ -31,9 +32,16 @@ public:
     void compare();
 
 private:
+    using Secrets = SettingsDocument::Secrets;
+
     QVector<SettingChange> showDifference(ImportDialog::Purpose purpose, const QString &title);
     QString askWhereTo(const QString &title, const QString &filter, const QString &suffix);
-    void tell(const QString &path, const std::optional<QString> &problem);
+    /// Whether to go on although what is edited will not be in the file; asks only if there is something.
+    bool mayWriteStored(const QString &title);
+    /// Nothing if no file is wanted any more; asks only if there are secrets.
+    std::optional<Secrets> askForSecrets();
+    /// What became of the file, and @p content of it, a sentence.
+    void tell(const QString &path, const std::optional<QString> &problem, const QString &content);
     void complain(const QString &title, const QString &problem);
 
     const SettingsSession &m_session;

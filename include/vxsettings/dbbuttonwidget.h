@@ -8,6 +8,7 @@ class VXSETTINGS_EXPORT DBButtonWidget : public DBParamWidget
     Q_OBJECT
 
 public:
+    /// Without a key; @p parent, which may be null, owns it.
     explicit DBButtonWidget(QWidget *parent);
 
     void setValue(const QVariant &value) override;

@@ -8,6 +8,7 @@ class VXSETTINGS_EXPORT DBCheckBoxWidget : public DBParamWidget
     Q_OBJECT
 
 public:
+    /// Unchecked; @p parent, which may be null, owns it.
     explicit DBCheckBoxWidget(QWidget *parent);
 
     void setName(const QString &name) override;

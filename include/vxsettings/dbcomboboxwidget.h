@@ -8,6 +8,7 @@ class VXSETTINGS_EXPORT DBComboBoxWidget : public DBParamWidget
     Q_OBJECT
 
 public:
+    /// Without choices; @p parent, which may be null, owns it.
     explicit DBComboBoxWidget(QWidget *parent);
 
     /// Chooses the entry with that number; a number without an entry is stored but changes no choice.

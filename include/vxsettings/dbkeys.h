@@ -2,12 +2,16 @@
 
 #include <QString>
 
+/// @file
 /// Names under which the installation stores its settings and objects. Compared case-sensitively.
 
+/// Names in the installation's database.
 namespace db {
 
 /// Keys of the stored database settings.
 namespace database {
+/// @{
+/// A stored key. The settings reference tells what is stored under it.
 inline const QString VERSION = QStringLiteral("PT_VERSION");
 inline const QString CARD_VIEW_FORMAT = QStringLiteral("PT_CARD_VIEW_FORMAT");
 inline const QString MAX_CARD_COUNT = QStringLiteral("PT_MAX_CARD_COUNT");
@@ -50,10 +54,13 @@ inline const QString MOBILE_STYLE_INDEX = QStringLiteral("PT_MOBILE_STYLE_INDEX"
 inline const QString MOBILE_SMARTCARD_PROFILE_ID = QStringLiteral("PT_MOBILE_SMARTCARD_PROFILE_ID");
 inline const QString LOCKER_ACCESS_TOKEN = QStringLiteral("PT_LOCKER_ACCESS_TOKEN");
 inline const QString INTEGRATION_DEFAULT_DEPARTMENT = QStringLiteral("PT_INTEGRATION_DEFAULT_DEPARTMENT");
+/// @}
 
 /// Member names inside the JSON objects that are stored under PIN_STRENGTH, PASSWORD_STRENGTH and
 /// PALM_TEMPLATES_AMOUNT_SETTINGS.
 namespace json {
+/// @{
+/// A member name. The settings reference tells which objects have it, and what it holds.
 // PIN_STRENGTH and PASSWORD_STRENGTH
 inline const QString MIN_LEN = QStringLiteral("min_len");
 inline const QString MAX_LEN = QStringLiteral("max_len");
@@ -83,20 +90,26 @@ inline const QString NON_CONTACT_LEFT_PALM_MIN_AMOUNT = QStringLiteral("left_non
 inline const QString NON_CONTACT_LEFT_PALM_MAX_AMOUNT = QStringLiteral("left_non_contact_palm_max");
 inline const QString NON_CONTACT_RIGHT_PALM_MIN_AMOUNT = QStringLiteral("right_non_contact_palm_min");
 inline const QString NON_CONTACT_RIGHT_PALM_MAX_AMOUNT = QStringLiteral("right_non_contact_palm_max");
+/// @}
 } // namespace json
 } // namespace database
 
 /// Object type names of the organisational structure.
 namespace orgstructure {
+/// @{
+/// What vantorix::ObjectRecord::type says of an object.
 inline const QString SUBJECTROOT = QStringLiteral("OT_SUBJECTROOT");
 inline const QString FIRM = QStringLiteral("OT_FIRM");
 inline const QString DEPARTMENT = QStringLiteral("OT_DEPARTMENT");
+/// @}
 } // namespace orgstructure
 } // namespace db
 
 namespace vantorix {
 
-/// Data names under which LocalStorage keeps objects.
+/// @{
+/// A data name under which LocalStorage keeps objects.
 inline const QString ORGSTRUCTURE_DATANAME = QStringLiteral("orgstructure");
 inline const QString SMARTCARD_PROFILE_DATANAME = QStringLiteral("smartcard_profile_dataname");
+/// @}
 } // namespace vantorix

@@ -12,6 +12,8 @@ class VXSETTINGS_EXPORT DBObjSelectorWidget : public DBParamWidget
 public:
     /// Offers the objects that vantorix::LocalStorage has under @p dataname; nothing is chosen.
     DBObjSelectorWidget(const QString &dataname, QWidget *parent);
+    /// Offers departments and what they are parts of, as a form wants it that knows of no data names.
+    explicit DBObjSelectorWidget(QWidget *parent);
 
     /// Chooses the object with that uid; a value that is no unsigned number is stored but changes no choice.
     void setValue(const QVariant &value) override;

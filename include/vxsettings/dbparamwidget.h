@@ -24,11 +24,15 @@ class Ui_DBParamWidget;
 /// From the moment it is first shown, the input widget bears the caption as its accessible name; its accessible
 /// description is the tool tip, the words of the mark and the problem. The frame hands the focus on to the input
 /// widget.
+///
+/// In a form, the dynamic property "parameter" names a parameter of the catalogue, which gives the editor its key,
+/// caption, choices, range, special value and tool tip. Any other text changes nothing.
 class VXSETTINGS_EXPORT DBParamWidget : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty frame without key, caption and value; @p parent, which may be null, owns it.
     explicit DBParamWidget(QWidget *parent);
     ~DBParamWidget() override;
 
@@ -58,14 +62,19 @@ public:
     virtual bool canChangeLabelPosition() const;
     /// Shows @p text instead of the lowest value. Only the spin box does.
     virtual void setSpecialValue(const QString &text);
+    /// Keeps the user from changing the value. The editors of lines, passwords and numbers do so, the others only
+    /// remember it.
     virtual void setReadOnly(bool readOnly);
     /// Enables or disables the input widget. On purpose not QWidget::setEnabled(): the caption stays readable.
     virtual void setEnabled(bool enabled);
 
+    /// Names the parameter that is edited.
     void setKey(const QString &key);
     /// The parameter's key, one of dbkeys.h; empty until setKey().
     QString key() const;
+    /// What was set last; false at first.
     bool isReadOnly() const;
+    /// What was set last; true at first, and whether or not a widget around the editor is disabled.
     bool isEnabled() const;
     /// Puts @p editor into the slot; the frame owns it from then on.
     void setCentralWidget(QWidget *editor);
@@ -77,10 +86,12 @@ public:
     /// Shows an icon at the beginning of the row, in the margin that every row has, and @p words as its tool tip: plain
     /// text in the user's language. Nothing moves. An editor has one mark; Mark::None takes it away.
     void setMark(Mark mark, const QString &words = {});
+    /// The kind of the mark that is shown.
     Mark mark() const;
     /// Shows @p text, plain and in the user's language, below the editor, in as many lines as it needs; an empty text
     /// takes it away.
     void setProblem(const QString &text);
+    /// The text that setProblem() shows; empty if there is none.
     QString problem() const;
 
 Q_SIGNALS:
@@ -102,9 +113,11 @@ protected:
     /// The value last passed to setValue().
     QVariant storedValue() const;
 
+    /// Follows the layout with what stands around the input widget, and describes that to assistive technology.
     bool event(QEvent *event) override;
 
 private:
+    void followParameterProperty();
     void keepCaptionsWhole();
     void placeMark();
     void placeProblem();

@@ -27,11 +27,13 @@ public:
     virtual vantorix::OBJECT_PARAMETERS parameters() const = 0;
     /// The group's frame or the parameter's editor, shared with the node; empty if there is none (any more).
     virtual std::shared_ptr<QWidget> widget() const = 0;
+    /// The editor kind of a parameter; what a group answers says DBSettingsGroup.
     virtual DBSettingsType type() const = 0;
     /// Puts every editor back to its stored value.
     virtual void setDefaultValue() = 0;
     /// Makes what every editor shows its stored value, typically after it was saved.
     virtual void updateDefaultValue() = 0;
+    /// Whether this is a DBSettingsGroup, plain or JSON.
     virtual bool isGroup() const = 0;
 
     /// This node as a group, unchecked: ask isGroup() first.

@@ -26,6 +26,7 @@ public:
     DBSettingsType type() const override;
     void setDefaultValue() override;
     void updateDefaultValue() override;
+    /// True.
     bool isGroup() const override;
 
     /// Keys of all editors below the frame, each once, in no particular order.
@@ -42,6 +43,7 @@ public:
     /// does not change its language by itself.
     void retranslate();
 
+    /// The number that was given to the constructor.
     int id() const;
     /// The child nodes in display order, to read or to change.
     std::vector<std::unique_ptr<DBSettings>> &settings();
@@ -51,6 +53,7 @@ public:
     void setWidget(QWidget *widget);
 
 protected:
+    /// What setKey() was given.
     QString key() const;
 
 private:
@@ -64,6 +67,7 @@ private:
 class VXSETTINGS_EXPORT JsonGroup : public DBSettingsGroup
 {
 public:
+    /// @p id is the DBGroups value if the group is a tree of its own, or -1 for a nested group.
     explicit JsonGroup(int id = -1);
     ~JsonGroup() override;
 

@@ -2,6 +2,9 @@
 
 #include <vector>
 
+/// @file
+/// What groups and parameters are, in numbers that are stable.
+
 /// A settings group: one titled block of a settings page.
 ///
 /// The numbers are stable; 9 and 13 are unassigned and stay so. From 14 upward a group edits the members of one JSON

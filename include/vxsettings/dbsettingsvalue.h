@@ -16,8 +16,10 @@ public:
     DBSettingsType type() const override;
     void setDefaultValue() override;
     void updateDefaultValue() override;
+    /// False.
     bool isGroup() const override;
 
+    /// Says what kind of editor the widget is; it is not looked at.
     void setType(DBSettingsType type);
     /// Takes @p widget over and drops the previous one. Null drops it; the same widget again changes nothing.
     void setWidget(QWidget *widget);

@@ -8,6 +8,7 @@ class VXSETTINGS_EXPORT DBSpinBoxWidget : public DBParamWidget
     Q_OBJECT
 
 public:
+    /// 0 in the range 0 to 99, until it gets one; @p parent, which may be null, owns it.
     explicit DBSpinBoxWidget(QWidget *parent);
 
     void setValue(const QVariant &value) override;
@@ -15,6 +16,7 @@ public:
     QVariant value() const override;
     void setParamRange(const std::pair<int, int> &range) override;
     void setSpecialValue(const QString &text) override;
+    /// A read-only number can still be selected and copied.
     void setReadOnly(bool readOnly) override;
     void setEnabled(bool enabled) override;
     void setDefaultValue() override;

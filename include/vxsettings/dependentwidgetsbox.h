@@ -15,13 +15,16 @@ class QJsonObject;
 class QLayout;
 class Ui_DependentWidgetsBox;
 
+/// What a DependentWidgetsBox is made from.
 namespace dependent_widget {
 
 /// The JSON member that carries the flag of the whole group.
 inline const QString CHECKED_KEY = QStringLiteral("checked");
+/// The look of the inner check boxes.
 inline const QString BUTTON_STYLESHEET =
     QStringLiteral("color: #7B7B7B; font-size: 12px; font-style: normal; font-weight: 500;");
-constexpr QSize ICON_SIZE(24, 24);
+/// Of the icon before the title, in device-independent pixels.
+constexpr QSize ICON_SIZE = {24, 24};
 
 /// One group of dependent flags.
 struct GroupInfo
@@ -43,6 +46,7 @@ class VXSETTINGS_EXPORT DependentWidgetsBox : public QWidget
     Q_OBJECT
 
 public:
+    /// A box without inner check boxes; @p parent, which may be null, owns it.
     explicit DependentWidgetsBox(QWidget *parent);
     ~DependentWidgetsBox() override;
 
@@ -67,6 +71,7 @@ Q_SIGNALS:
     void groupChanged(bool checked);
 
 protected:
+    /// Shows title and captions in the new language.
     void changeEvent(QEvent *event) override;
 
 private Q_SLOTS:

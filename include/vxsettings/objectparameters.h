@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QString>
 
+/// What the programs of an installation share.
 namespace vantorix {
 
 /// Collected values on their way to storage: stored key to text.

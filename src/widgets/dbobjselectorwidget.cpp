@@ -80,6 +80,10 @@ DBObjSelectorWidget::DBObjSelectorWidget(const QString &dataname, QWidget *paren
     setCentralWidget(selector);
 }
 
+DBObjSelectorWidget::DBObjSelectorWidget(QWidget *parent)
+    : DBObjSelectorWidget(vantorix::ORGSTRUCTURE_DATANAME, parent)
+{}
+
 void DBObjSelectorWidget::setValue(const QVariant &value)
 {
     if (dbsc().isDebugEnabled())

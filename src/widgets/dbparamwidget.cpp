@@ -17,6 +17,7 @@ namespace {
 
 constexpr int spareRow = 3; // below those of the form
 constexpr int problemSpacing = 2;
+constexpr char parameterProperty[] = "parameter";
 
 QString centralWidgetName()
 {
@@ -214,6 +215,9 @@ void DBParamWidget::retranslate()
 
 bool DBParamWidget::event(QEvent *event)
 {
+    if (event->type() == QEvent::DynamicPropertyChange &&
+        static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == parameterProperty)
+        followParameterProperty();
     const bool changesLayout = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize;
     const bool changesDescription = event->type() == QEvent::Show || event->type() == QEvent::ToolTipChange;
     if (!changesLayout && !changesDescription)
@@ -228,6 +232,20 @@ bool DBParamWidget::event(QEvent *event)
             describeInput();
     }
     return isHandled;
+}
+
+void DBParamWidget::followParameterProperty()
+{
+    const QString key = property(parameterProperty).toString();
+    const catalogue::Parameter *parameter = catalogue::findParameter(key);
+    if (!parameter)
+        return;
+    setKey(key);
+    if (parameter->choices.count > 0)
+        setParamValues(DBSettingsHelper::paramValues(key));
+    if (parameter->type == DBSettingsType::SpinBox)
+        setParamRange(parameter->range);
+    retranslate();
 }
 
 void DBParamWidget::keepCaptionsWhole()

@@ -2,6 +2,7 @@
 #include <host/sampleinstallation.h>
 #include <host/sqltransaction.h>
 
+#include "loggingrules.h"
 #include "messages.h"
 #include "testinstallation.h"
 
@@ -68,6 +69,10 @@ private Q_SLOTS:
     void aSaveOnAHungServerIsToldWhenItIsKnown_data();
     void aSaveOnAHungServerIsToldWhenItIsKnown();
     void findingOutCanBeGivenUp();
+    void theLogTellsOfConnectionsIfAskedTo();
+    void theLogTellsWhatBecameOfASave_data();
+    void theLogTellsWhatBecameOfASave();
+    void theLogIsSilentUnlessAsked();
     void aServerThatGoesIsNoticedAndFoundAgain();
     void aServerThatIsNotThereIsAnError();
     void aServerOfANewerSchemaIsLeftAlone();
@@ -151,6 +156,45 @@ private:
     SqlConnection m_connection;
     SqlTransaction m_transaction;
 };
+
+/// From now on a commit takes a while. A backend that is stopped in it holds everything that it needs to end it.
+void holdCommitsFor(const TestInstallation &installation, int seconds)
+{
+    installation.execute(QStringLiteral("CREATE FUNCTION hang() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+                                        "PERFORM pg_sleep(%1); RETURN NULL; END $$")
+                             .arg(seconds));
+    installation.execute("CREATE CONSTRAINT TRIGGER hang AFTER INSERT ON history DEFERRABLE INITIALLY DEFERRED "
+                         "FOR EACH ROW EXECUTE FUNCTION hang()");
+}
+
+/// What the host has logged.
+QStringList hostLines(const CapturedMessages &log)
+{
+    QStringList lines;
+    for (const CapturedMessage &message : log.all()) {
+        if (message.category == QLatin1String("vxsettings.host"))
+            lines << message.text;
+    }
+    return lines;
+}
+
+/// How many of @p lines begin with @p start.
+int count(const QStringList &lines, const QString &start)
+{
+    return int(std::count_if(lines.begin(), lines.end(), [&](const QString &line) { return line.startsWith(start); }));
+}
+
+/// Takes the database's file away, and brings it back once that was noticed.
+void loseForAWhile(InstallationDatabase &database, const QString &path)
+{
+    database.watch();
+    QSignalSpy lost(&database, &InstallationDatabase::connectionLost);
+    QSignalSpy restored(&database, &InstallationDatabase::connectionRestored);
+    QVERIFY(QFile::rename(path, path + ".old"));
+    QTRY_COMPARE(lost.count(), 1);
+    QVERIFY(QFile::rename(path + ".old", path));
+    QTRY_COMPARE(restored.count(), 1);
+}
 
 /// The longest time for which the event loop of this thread did nothing.
 class LoopWatch
@@ -531,11 +575,7 @@ void TestInstallationDatabase::aSaveOnAHungServerIsToldWhenItIsKnown()
     const TestInstallation installation(Engine::Server);
     InstallationDatabase database(installation.location(), Missing::CreateSample, shortLimits);
     const Installation base = loaded(database);
-    // Stops the backend in the middle of the commit, where it holds everything that it needs to end it.
-    installation.execute("CREATE FUNCTION hang() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
-                         "PERFORM pg_sleep(3); RETURN NULL; END $$");
-    installation.execute("CREATE CONSTRAINT TRIGGER hang AFTER INSERT ON history DEFERRABLE INITIALLY DEFERRED "
-                         "FOR EACH ROW EXECUTE FUNCTION hang()");
+    holdCommitsFor(installation, 3);
     std::optional<SaveResult> answer;
     QSignalSpy waiting(&database, &InstallationDatabase::waiting);
     database.save({{key, "mine"}}, base, {}, [&](const SaveResult &result) { answer = result; });
@@ -571,6 +611,71 @@ void TestInstallationDatabase::findingOutCanBeGivenUp()
     QCOMPARE(result.outcome, Outcome::Unknown);
     QVERIFY(!result.saveId.isEmpty());
     QVERIFY(result.error);
+}
+
+void TestInstallationDatabase::theLogTellsOfConnectionsIfAskedTo()
+{
+    const LoggingRules rules("vxsettings.host.debug=true\nvxsettings.host.info=true");
+    const TestInstallation installation(Engine::File);
+    InstallationDatabase database(installation.location(), Missing::CreateSample, shortLimits);
+    loaded(database);
+    const CapturedMessages log;
+    loseForAWhile(database, installation.file().path());
+    const QStringList lines = hostLines(log);
+    QCOMPARE(count(lines, "Connection lost:"), 1);
+    QVERIFY2(count(lines, "Connecting again:") >= 1, qPrintable(lines.join('\n')));
+    QCOMPARE(count(lines, "Connection restored:"), 1);
+    for (const QString &line : lines)
+        QVERIFY2(line.contains(installation.file().path()), qPrintable(line));
+}
+
+void TestInstallationDatabase::theLogTellsWhatBecameOfASave_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<QString>("outcome");
+    QTest::newRow("it goes on") << SIGCONT << "that it is stored";
+    QTest::newRow("it is killed") << SIGKILL << "that it is not";
+}
+
+/// The backend is stopped in the middle of the commit.
+void TestInstallationDatabase::theLogTellsWhatBecameOfASave()
+{
+    QFETCH(int, signal);
+    QFETCH(QString, outcome);
+    const LoggingRules rules("vxsettings.host.info=true");
+    const TestInstallation installation(Engine::Server);
+    InstallationDatabase database(installation.location(), Missing::CreateSample, shortLimits);
+    const Installation base = loaded(database);
+    holdCommitsFor(installation, 1);
+    const CapturedMessages log;
+    std::optional<SaveResult> answer;
+    QSignalSpy waiting(&database, &InstallationDatabase::waiting);
+    database.save({{key, "none of the log's business"}}, base, {}, [&](const SaveResult &result) { answer = result; });
+    QTRY_VERIFY(installation.ask("SELECT count(*) FROM pg_stat_activity WHERE wait_event = 'PgSleep'").toInt() == 1);
+    const auto saving = installation.server().backends();
+    for (const qint64 pid : saving)
+        ::kill(pid_t(pid), SIGSTOP);
+    QTRY_VERIFY_WITH_TIMEOUT(waiting.count() > 2, 10000);
+    for (const qint64 pid : saving)
+        ::kill(pid_t(pid), signal);
+    QTRY_VERIFY_WITH_TIMEOUT(answer.has_value(), 20000);
+
+    const QStringList lines = hostLines(log);
+    QVERIFY2(count(lines, "No answer in time, connection thrown away:") >= 1, qPrintable(lines.join('\n')));
+    QCOMPARE(count(lines, "Nobody knows yet whether save"), 1);
+    QCOMPARE(count(lines, "Found out about save"), 1);
+    QVERIFY2(lines.last().endsWith(outcome), qPrintable(lines.last()));
+    QVERIFY(!lines.join('\n').contains("none of the log's business"));
+}
+
+void TestInstallationDatabase::theLogIsSilentUnlessAsked()
+{
+    const TestInstallation installation(Engine::File);
+    InstallationDatabase database(installation.location(), Missing::CreateSample, shortLimits);
+    loaded(database);
+    const CapturedMessages log;
+    loseForAWhile(database, installation.file().path());
+    QCOMPARE(hostLines(log), QStringList());
 }
 
 void TestInstallationDatabase::aServerThatGoesIsNoticedAndFoundAgain()

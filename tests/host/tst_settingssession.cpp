@@ -205,6 +205,10 @@ private Q_SLOTS:
     void aRepairIsAnEdit_data();
     void aRepairIsAnEdit();
     void aRepairThatSomebodyElseMakesIsNoEdit();
+    void aWholeTextIsRepaired_data();
+    void aWholeTextIsRepaired();
+    void aRepairReplacesOnlyWhatWasSeen();
+    void anUndoneRepairReplacesNothing();
     void aClosedWindowHasNoChanges();
     void theSessionMayGoFirst();
     void secretsReachNoLog();
@@ -1076,6 +1080,83 @@ void TestSettingsSession::aRepairThatSomebodyElseMakesIsNoEdit()
     QVERIFY(host.session->replaceStored({MAX_CARD_COUNT}, "19"));
     QTest::keyClick(host.input<QSpinBox>({MAX_CARD_COUNT}), Qt::Key_Up);
     QVERIFY(!host.session->hasChanges());
+}
+
+void TestSettingsSession::aWholeTextIsRepaired_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("repaired");
+    QTest::newRow("no object") << "spoilt"
+                               << R"({
+    "deny_equal": "false",
+    "deny_sequence": "false",
+    "max_len": "4",
+    "min_len": "0"
+}
+)";
+    QTest::newRow("a name that occurs twice")
+        << R"({"later": [1], "min_len": "4", "min_len": "5", "max_len": "8", "deny_equal": "true", "deny_sequence": "true"})"
+        << R"({
+    "deny_equal": "true",
+    "deny_sequence": "true",
+    "later": [1],
+    "max_len": "8",
+    "min_len": "5"
+}
+)";
+}
+
+void TestSettingsSession::aWholeTextIsRepaired()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, repaired);
+    const TestDatabase database;
+    makeSample(database);
+    database.store(PIN_STRENGTH, stored);
+    Host host(database);
+    host.open(DBGroups::Employees);
+    QVERIFY(host.session->isUnreadable(PIN_STRENGTH));
+    QVERIFY(!host.session->isUnreadable(PASSWORD_STRENGTH));
+    QVERIFY(!host.session->isUnreadable(MOBILE_PORT));
+    QCOMPARE(host.session->repairedText(PIN_STRENGTH), repaired);
+    QVERIFY(!host.session->hasChanges());
+
+    host.session->repair(PIN_STRENGTH);
+    QVERIFY(host.session->hasChanges());
+    QCOMPARE(database.stored(PIN_STRENGTH), stored);
+    QCOMPARE(host.save().outcome, Outcome::Saved); // without another question
+    QCOMPARE(database.stored(PIN_STRENGTH), repaired);
+    QVERIFY(!host.session->isUnreadable(PIN_STRENGTH));
+}
+
+void TestSettingsSession::aRepairReplacesOnlyWhatWasSeen()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.store(PIN_STRENGTH, "spoilt");
+    WatchingHost host(database);
+    host.open(DBGroups::Employees);
+    host.session->repair(PIN_STRENGTH);
+    host.meets(database, PIN_STRENGTH, "spoilt otherwise");
+    const SaveResult asked = host.save();
+    QCOMPARE(asked.outcome, Outcome::Unreadable);
+    QCOMPARE(asked.unreadableKeys, QStringList{PIN_STRENGTH});
+    QCOMPARE(database.stored(PIN_STRENGTH), QString("spoilt otherwise"));
+}
+
+void TestSettingsSession::anUndoneRepairReplacesNothing()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.store(PIN_STRENGTH, "spoilt");
+    Host host(database);
+    host.open(DBGroups::Employees);
+    host.session->repair(PIN_STRENGTH);
+    host.session->revert();
+    QVERIFY(!host.session->hasChanges());
+    host.click(denyEqual);
+    QCOMPARE(host.save().outcome, Outcome::Unreadable);
+    QCOMPARE(database.stored(PIN_STRENGTH), QString("spoilt"));
 }
 
 void TestSettingsSession::aClosedWindowHasNoChanges()

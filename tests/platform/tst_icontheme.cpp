@@ -20,7 +20,8 @@ const QStringList iconNames = {
     "object-OT_SUBJECTROOT", "object-OT_FIRM", "object-OT_DEPARTMENT", "object-OT_SMARTCARD_PROFILE",
     // a settings manager
     "action-save", "action-undo", "action-redo", "action-search", "action-eye", "action-eye-off", "action-import",
-    "action-export", "action-history", "common-warning", "common-info", "common-link", "common-settings"};
+    "action-export", "action-history", "common-warning", "common-info", "common-link", "common-settings",
+    "common-lock"};
 
 QImage image(const QPixmap &pixmap)
 {

@@ -3,6 +3,7 @@
 #include "commandtable.h"
 #include "valuewords.h"
 
+#include <host/pageaccess.h>
 #include <host/settingaddress.h>
 #include <host/settingspages.h>
 
@@ -57,9 +58,23 @@ Addresses restorable()
     });
 }
 
+/// What operators may edit: not in the catalogue, but a flag for each page.
+Addresses accessFlags()
+{
+    Addresses flags;
+    for (const SettingsPageName &page : settingsPages)
+        flags.append({PageAccess::KEY, QString::fromLatin1(page.name)});
+    return flags;
+}
+
+bool isFlag(const SettingAddress &address)
+{
+    return PageAccess::isAbout(address) || DBSettingsHelper::paramType(address.parameter()) == DBSettingsType::CheckBox;
+}
+
 QVector<CompletionTable::Word> choices(const SettingAddress &address)
 {
-    if (DBSettingsHelper::paramType(address.parameter()) == DBSettingsType::CheckBox)
+    if (isFlag(address))
         return {{QStringLiteral("1"), CommandTable::tr("да")}, {QStringLiteral("0"), CommandTable::tr("нет")}};
     QVector<CompletionTable::Word> choices;
     for (const auto &[number, caption] : DBSettingsHelper::paramValues(address.parameter()))
@@ -70,14 +85,15 @@ QVector<CompletionTable::Word> choices(const SettingAddress &address)
 
 QVector<CompletionTable> CompletionTables::all()
 {
+    const Addresses access{{PageAccess::KEY}};
     QVector<CompletionTable> tables{
         commands(),
         options(QStringLiteral("options"), commonOptions),
         pages(),
-        addresses(kindName(WordKind::Key), keys()),
-        addresses(kindName(WordKind::Address), SettingAddress::all()),
-        addresses(kindName(WordKind::Assignment), settableInTheOpen(), QStringLiteral("=")),
-        addresses(kindName(WordKind::Revision), restorable(), QStringLiteral("@")),
+        addresses(kindName(WordKind::Key), keys() + access),
+        addresses(kindName(WordKind::Address), SettingAddress::all() + access + accessFlags()),
+        addresses(kindName(WordKind::Assignment), settableInTheOpen() + accessFlags(), QStringLiteral("=")),
+        addresses(kindName(WordKind::Revision), restorable() + access, QStringLiteral("@")),
         addresses(QStringLiteral("stdin"), settable()),
     };
     for (const Command &command : CommandTable::commands())
@@ -129,7 +145,7 @@ CompletionTable CompletionTables::addresses(const QString &name, const Addresses
 QVector<CompletionTable> CompletionTables::values()
 {
     QVector<CompletionTable> tables;
-    for (const SettingAddress &address : settableInTheOpen()) {
+    for (const SettingAddress &address : settableInTheOpen() + accessFlags()) {
         const auto words = choices(address);
         if (!words.isEmpty())
             tables.append({QStringLiteral("values ") + address.text(), words});

@@ -275,6 +275,8 @@ void TestCtlDocuments::typing_data()
     QTest::newRow("an option") << QByteArray("list --j\t us\t") << "list|--json|users|";
     QTest::newRow("an option of another command") << QByteArray("list --dry\t") << "list|--dry|";
     QTest::newRow("a key to set") << QByteArray("set PT_CARD_VIEW_F\t1") << "set|PT_CARD_VIEW_FORMAT=1|";
+    QTest::newRow("a page for operators")
+        << QByteArray("set --as-adm\tVX_PAGE_ACCESS.us\t0") << "set|--as-administrator|VX_PAGE_ACCESS.users=0|";
     QTest::newRow("a second one") << QByteArray("set PT_MOBILE_PORT=1 PT_PIN_STRENGTH.deny_s\t1\t")
                                   << "set|PT_MOBILE_PORT=1|PT_PIN_STRENGTH.deny_sequence=1|";
     QTest::newRow("a read-only setting") << QByteArray("set PT_VERS\t") << "set|PT_VERS|";

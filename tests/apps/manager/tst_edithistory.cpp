@@ -23,8 +23,9 @@ const QString storedHost = QStringLiteral("mobile.installation.example");
 class UndoPages : public OpenPages
 {
 public:
-    UndoPages()
-        : history(session, &window)
+    explicit UndoPages(const QHash<QString, QString> &stored = {})
+        : OpenPages(stored)
+        , history(session, &window)
     {
         window.addAction(history.undoAction());
         window.addAction(history.redoAction());
@@ -67,6 +68,9 @@ private Q_SLOTS:
     void whatOthersHaveStoredIsNotUndone();
     void undoneInAConflictTheirsIsShown();
     void theActionsFollowTheLanguage();
+    void aRepairCanBeUndone();
+    void aRepairOfAWholeTextIsOneStep();
+    void anUndoneRepairLeavesAConflictToBeDecided();
 };
 
 void TestEditHistory::initTestCase()
@@ -231,6 +235,50 @@ void TestEditHistory::theActionsFollowTheLanguage()
     const DoublingTranslator translator;
     QTRY_COMPARE(pages.history.undoAction()->text(), QString("&Отменить правку &Отменить правку"));
     QCOMPARE(pages.history.redoAction()->text(), QString("&Повторить правку &Повторить правку"));
+}
+
+void TestEditHistory::aRepairCanBeUndone()
+{
+    UndoPages pages({{MOBILE_PORT, "123456"}});
+    QVERIFY(pages.session.replaceStored(port, "65535"));
+    QVERIFY(pages.session.isChanged(port));
+    pages.undo();
+    QVERIFY(!pages.session.hasChanges());
+    QCOMPARE(pages.shown(port), QString("65535"));
+    pages.redo();
+    QVERIFY(pages.session.isChanged(port));
+    QVERIFY(SessionWait::save(pages.session).isDone());
+    QCOMPARE(pages.file.stored(MOBILE_PORT), QString("65535"));
+    pages.undo(); // of what is stored now there is nothing to take back
+    QVERIFY(!pages.session.hasChanges());
+}
+
+void TestEditHistory::aRepairOfAWholeTextIsOneStep()
+{
+    UndoPages pages({{PIN_STRENGTH, "spoilt"}});
+    pages.open(DBGroups::Employees);
+    pages.session.repair(PIN_STRENGTH);
+    QCOMPARE(pages.session.changedAddresses().size(), 4);
+    pages.undo();
+    QVERIFY(!pages.session.hasChanges());
+    QVERIFY(!pages.history.undoAction()->isEnabled());
+    pages.redo();
+    QCOMPARE(pages.session.changedAddresses().size(), 4);
+    QVERIFY(SessionWait::save(pages.session).isDone());
+    QVERIFY(pages.file.stored(PIN_STRENGTH) != "spoilt");
+}
+
+void TestEditHistory::anUndoneRepairLeavesAConflictToBeDecided()
+{
+    UndoPages pages;
+    pages.type(host, "mine");
+    pages.database.watch();
+    pages.file.store(MOBILE_HOST, "theirs");
+    QTRY_COMPARE(pages.session.conflicts().size(), 1);
+    QVERIFY(pages.session.replaceStored(host, "another"));
+    pages.undo();
+    QCOMPARE(pages.shown(host), QString("mine"));
+    QCOMPARE(pages.session.conflicts().size(), 1);
 }
 
 QTEST_MAIN(TestEditHistory)

@@ -8,6 +8,7 @@
 #include "messages.h"
 #include "modalanswer.h"
 #include "pagelist.h"
+#include "repairdialog.h"
 #include "searchresults.h"
 #include "sessionwait.h"
 #include "spotlight.h"
@@ -15,6 +16,7 @@
 
 #include <host/hostenvironment.h>
 #include <host/installationdatabase.h>
+#include <host/pageaccess.h>
 #include <host/settingsdocument.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
@@ -25,11 +27,13 @@
 #include <vxwidgets/vxsettingsgroupwidget.h>
 
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -123,6 +127,16 @@ public:
     {
         return editors::input<Input>(window.get(), key);
     }
+    /// Chooses an entry of the parameter's context menu.
+    void chooseAt(QWidget *input, const QString &text) const
+    {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, input->mapToGlobal(QPoint()));
+        QApplication::sendEvent(input, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        menu->setActiveAction(entry(menu, text));
+        QTest::keyClick(menu, Qt::Key_Return);
+    }
     void typeHost(const QString &text) const
     {
         go(DBGroups::Connection);
@@ -149,23 +163,29 @@ private:
 class FileAnswer
 {
 public:
-    explicit FileAnswer(const QString &path)
+    /// Not before @p questions are answered, if there are any.
+    explicit FileAnswer(const QString &path, const ModalAnswer *questions = nullptr)
         : m_path(path)
+        , m_questions(questions)
     {
         QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
         m_timer.start(1);
     }
     QString said() const { return m_said; }
+    QString details() const { return m_details; }
 
 private:
     void answer()
     {
+        if (m_questions && !m_questions->wasGiven())
+            return;
         QWidget *modal = QApplication::activeModalWidget();
         if (auto *dialog = qobject_cast<QFileDialog *>(modal); dialog && dialog->isVisible()) {
             dialog->findChild<QLineEdit *>("fileNameEdit")->setText(m_path);
             QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
         } else if (auto *box = qobject_cast<QMessageBox *>(modal); box && box->isVisible()) {
             m_said = box->text();
+            m_details = box->informativeText();
             QTest::keyClick(box, Qt::Key_Escape);
         }
     }
@@ -173,6 +193,8 @@ private:
     QTimer m_timer;
     QString m_path;
     QString m_said;
+    QString m_details;
+    const ModalAnswer *m_questions;
 };
 
 class TestMainWindow : public QObject
@@ -226,6 +248,20 @@ private Q_SLOTS:
     void anUnreadableFileIsRefused();
     void theHistoryRestores();
     void leavingNamesTheChanges();
+    void aLockedPageSaysWhy();
+    void theMenuLocksAPage();
+    void aLockThatComesLateLosesNothing();
+    void aLockedPageIsNotImported();
+    void whatIsShownInThePlaceOfTheStoredIsImported();
+    void theMenuOfAParameterShowsItsHistory();
+    void whatIsNotRightTodayIsNotRestored();
+    void anUnreadableTextIsShownAndRepaired_data();
+    void anUnreadableTextIsShownAndRepaired();
+    void secretsAreExportedOnlyIfWanted_data();
+    void secretsAreExportedOnlyIfWanted();
+    void filesTellThatEditsAreNotInThem_data();
+    void filesTellThatEditsAreNotInThem();
+    void aComparisonTellsOfEdits();
 
 private:
     QTemporaryDir m_config;
@@ -812,7 +848,8 @@ void TestMainWindow::settingsAreExported()
     const TestDatabase database;
     const Window window(database);
     const QTemporaryDir folder;
-    const FileAnswer answer(folder.filePath("settings.json"));
+    const ModalAnswer secrets("Без паролей");
+    const FileAnswer answer(folder.filePath("settings.json"), &secrets);
     window.choose({"Файл", "Экспорт…"});
     QCOMPARE(answer.said(), folder.filePath("settings.json"));
     const auto reading = SettingsDocument::read(folder.filePath("settings.json"));
@@ -954,6 +991,391 @@ void TestMainWindow::leavingNamesTheChanges()
     const ModalAnswer answer("Вернуться");
     QVERIFY(!window.window->close());
     QVERIFY2(answer.text().contains("Хост: «mobile.installation.example» → «mine»"), qPrintable(answer.text()));
+}
+
+void TestMainWindow::aLockedPageSaysWhy()
+{
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(PageAccess::KEY, R"({"connection": false})");
+    Window window(database);
+    QCOMPARE(window.list()->itemOf(DBGroups::Connection)->toolTip(), QString("Закрыта для операторов"));
+    QCOMPARE(window.list()->itemOf(DBGroups::Users)->toolTip(), QString());
+
+    // A search leads there all the same, and the keyboard to where it says why.
+    window.search("порт");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_COMPARE(window.list()->chosen(), DBGroups::Connection);
+    auto *notice = window.page()->findChild<QWidget *>("lockNotice");
+    QVERIFY(notice->isVisible());
+    QVERIFY(notice->findChildren<QLabel *>().last()->text().contains("закрыл эту страницу для операторов"));
+    QVERIFY(window.window->findChild<Spotlight *>());
+    QVERIFY(notice->isAncestorOf(QApplication::focusWidget()));
+    QVERIFY(QApplication::focusWidget()->accessibleDescription().contains("закрыл эту страницу"));
+
+    auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QVERIFY(!host->isEnabled());
+    QTest::mouseClick(host, Qt::LeftButton);
+    QTest::keyClicks(host, "x");
+    QVERIFY(!window.session.hasChanges());
+    window.go(DBGroups::Users);
+    QVERIFY(!window.page()->findChild<QWidget *>("lockNotice")->isVisible());
+    QVERIFY(window.input<QSpinBox>(PASSWORD_EXPIRED)->isEnabled());
+
+    // Opened again from elsewhere.
+    window.database.watch();
+    database.store(PageAccess::KEY, "{}");
+    QTRY_VERIFY(host->isEnabled());
+    QVERIFY(!notice->isVisibleTo(notice->parentWidget()));
+}
+
+void TestMainWindow::theMenuLocksAPage()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.go(DBGroups::Connection);
+    QTimer once;
+    once.callOnTimeout([&once] {
+        auto *dialog = QApplication::activeModalWidget();
+        if (!dialog || !dialog->isVisible())
+            return;
+        once.stop();
+        QTest::keyClick(dialog->findChild<QCheckBox *>("connection"), Qt::Key_Space);
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    once.start(1);
+    window.choose({"Правка", "Доступ операторов…"});
+    QTRY_VERIFY(!window.input<QLineEdit>(MOBILE_HOST)->isEnabled());
+    QVERIFY(window.input<QLineEdit>(MOBILE_HOST)->isVisible());
+    QCOMPARE(database.ask("SELECT count(*) FROM history WHERE key = 'VX_PAGE_ACCESS'").toInt(), 1);
+}
+
+void TestMainWindow::aLockThatComesLateLosesNothing()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.typeHost("mine");
+    database.store(PageAccess::KEY, R"({"connection": false})");
+    {
+        const ModalAnswer answers(QStringList{"Сохранить", "Вернуться"});
+        QTest::mouseClick(window.save(), Qt::LeftButton);
+        QTRY_VERIFY(answers.wasGiven());
+        QVERIFY2(answers.text().contains("«Настройки подключения»"), qPrintable(answers.text()));
+        QCOMPARE(answers.defaultButton(), QString("Вернуться"));
+    }
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mine"));
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 2"));
+    {
+        const ModalAnswer answers(QStringList{"Сохранить", "Отменить их"});
+        QTest::mouseClick(window.save(), Qt::LeftButton);
+        QTRY_VERIFY(answers.wasGiven());
+    }
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    window.clickSave();
+    QTRY_COMPARE(database.stored(PASSWORD_EXPIRED), QString("30"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::aLockedPageIsNotImported()
+{
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(PageAccess::KEY, R"({"connection": false})");
+    const QString path = database.folder() + "/settings.json";
+    QVERIFY(!SettingsDocument::of({{MOBILE_HOST, "theirs"}, {PASSWORD_EXPIRED, "30"}, {PageAccess::KEY, "{}"}},
+                                  SettingsDocument::Secrets::LeaveOut)
+                 .write(path));
+    const Window window(database);
+    const FileAnswer file(path);
+    QTimer once;
+    QString said;
+    once.callOnTimeout([&] {
+        auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible())
+            return;
+        once.stop();
+        for (const QTreeWidgetItem *item : dialog->findChild<ChangeTree *>()->settings())
+            said += item->text(0) + ": " + item->text(3) + '\n';
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    once.start(1);
+    window.choose({"Файл", "Импорт…"});
+    QTRY_VERIFY(!said.isEmpty());
+    QVERIFY2(said.contains("Хост: не подходит. Страница закрыта для операторов"), qPrintable(said));
+    QVERIFY2(said.contains("Меняется в окне «Доступ операторов»"), qPrintable(said));
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QVERIFY(window.session.isChanged({PASSWORD_EXPIRED}));
+}
+
+void TestMainWindow::whatIsShownInThePlaceOfTheStoredIsImported()
+{
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(MAX_CARD_COUNT, "400"); // the editor shows 20
+    const QString path = database.folder() + "/settings.json";
+    QVERIFY(!SettingsDocument::of({{MAX_CARD_COUNT, "20"}}, SettingsDocument::Secrets::LeaveOut).write(path));
+    const Window window(database);
+    window.go(DBGroups::Employees);
+    const FileAnswer file(path);
+    QTimer take;
+    take.callOnTimeout([&take] {
+        auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible())
+            return;
+        take.stop();
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    take.start(1);
+    window.choose({"Файл", "Импорт…"});
+    QTRY_COMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    window.choose({"Правка", "Отменить правку"});
+    QVERIFY(!window.session.hasChanges());
+    window.choose({"Правка", "Повторить правку"});
+    window.clickSave();
+    QTRY_COMPARE(database.stored(MAX_CARD_COUNT), QString("20"));
+}
+
+/// Does @p use with the history dialog once it has something to show, then closes it.
+class HistoryAnswer
+{
+public:
+    explicit HistoryAnswer(const std::function<void(HistoryDialog &, ChangeTree &)> &use)
+    {
+        m_timer.callOnTimeout([this, use] {
+            auto *dialog = qobject_cast<HistoryDialog *>(QApplication::activeModalWidget());
+            auto *tree = dialog ? dialog->findChild<ChangeTree *>() : nullptr;
+            if (!tree || tree->settings().isEmpty())
+                return;
+            m_timer.stop();
+            use(*dialog, *tree);
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        m_timer.start(1);
+    }
+    bool wasGiven() const { return !m_timer.isActive(); }
+    static void clickRestore(HistoryDialog &dialog)
+    {
+        for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+            if (button->text() == "Вернуть &прежнее значение")
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+    }
+
+private:
+    QTimer m_timer;
+};
+
+void TestMainWindow::theMenuOfAParameterShowsItsHistory()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("saved");
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.clickSave();
+    QTRY_VERIFY(!window.window->isWindowModified());
+
+    int count = 0;
+    const HistoryAnswer answer([&count](HistoryDialog &dialog, const ChangeTree &tree) {
+        count = tree.settings().size();
+        HistoryAnswer::clickRestore(dialog);
+    });
+    window.go(DBGroups::Connection);
+    window.chooseAt(window.input<QLineEdit>(MOBILE_HOST), "История параметра…");
+    QTRY_VERIFY(answer.wasGiven());
+    QCOMPARE(count, 1); // of two settings that were saved
+    QTRY_COMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
+    QVERIFY(window.isMarked(DBGroups::Connection));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("saved")); // an edit like any other
+    window.choose({"Правка", "Отменить правку"});
+    QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("saved"));
+    QVERIFY(!window.session.hasChanges());
+}
+
+void TestMainWindow::whatIsNotRightTodayIsNotRestored()
+{
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(PASSWORD_EXPIRED, "-5");
+    const Window window(database);
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.clickSave();
+    QTRY_VERIFY(!window.window->isWindowModified());
+
+    QString said;
+    const HistoryAnswer answer([&said](HistoryDialog &dialog, const ChangeTree &) {
+        const ModalAnswer refusal("Закрыть");
+        HistoryAnswer::clickRestore(dialog);
+        said = refusal.text();
+    });
+    window.chooseAt(window.input<QSpinBox>(PASSWORD_EXPIRED), "История параметра…");
+    QTRY_VERIFY(answer.wasGiven());
+    QVERIFY2(said.contains("значение «-5» не подходит"), qPrintable(said));
+    QVERIFY(!window.session.hasChanges());
+    QCOMPARE(window.input<QSpinBox>(PASSWORD_EXPIRED)->value(), 30);
+}
+
+void TestMainWindow::anUnreadableTextIsShownAndRepaired_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("isRepaired");
+    QTest::addColumn<bool>("fromMenu");
+    QTest::newRow("repaired from the menu") << "Исправить" << true << true;
+    QTest::newRow("left alone in the menu") << "Не исправлять" << false << true;
+    QTest::newRow("repaired from above the page") << "Исправить" << true << false;
+    QTest::newRow("left alone above the page") << "Не исправлять" << false << false;
+}
+
+void TestMainWindow::anUnreadableTextIsShownAndRepaired()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, isRepaired);
+    QFETCH(bool, fromMenu);
+    const TestDatabase database;
+    {
+        const Window sample(database);
+    }
+    database.store(PIN_STRENGTH, "spoilt");
+    const Window window(database);
+    window.go(DBGroups::Employees);
+    QString stored;
+    QString repaired;
+    QTimer look;
+    look.callOnTimeout([&] {
+        if (auto *dialog = qobject_cast<RepairDialog *>(QApplication::activeModalWidget())) {
+            stored = dialog->findChild<QPlainTextEdit *>("stored")->toPlainText();
+            repaired = dialog->findChild<QPlainTextEdit *>("repaired")->toPlainText();
+            look.stop();
+        }
+    });
+    look.start(0);
+    const ModalAnswer answer(button);
+    auto *notice = window.page()->findChild<QWidget *>("repairNotice");
+    QVERIFY(notice->isVisible());
+    if (fromMenu)
+        window.chooseAt(window.input<QCheckBox>(json::DENY_EQUAL), "Исправить запись «Сложность пин-кода»…");
+    else
+        QTest::mouseClick(notice->findChild<QPushButton *>(), Qt::LeftButton);
+    QTRY_VERIFY(answer.wasGiven());
+    QCOMPARE(answer.defaultButton(), QString("Не исправлять"));
+    QCOMPARE(stored, QString("spoilt"));
+    QVERIFY2(repaired.contains("\"deny_equal\""), qPrintable(repaired));
+    QTRY_COMPARE(window.session.hasChanges(), isRepaired);
+    QCOMPARE(notice->isVisible(), !isRepaired);
+    QCOMPARE(database.stored(PIN_STRENGTH), QString("spoilt"));
+    if (!isRepaired)
+        return;
+    window.clickSave(); // the review is the only question
+    QTRY_COMPARE(database.stored(PIN_STRENGTH), repaired);
+}
+
+void TestMainWindow::secretsAreExportedOnlyIfWanted_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("isWritten");
+    QTest::addColumn<bool>("hasSecrets");
+    QTest::newRow("without") << "Без паролей" << true << false;
+    QTest::newRow("with") << "С паролями" << true << true;
+    QTest::newRow("not at all") << "Отмена" << false << false;
+    QTest::newRow("Escape") << QString() << false << false;
+}
+
+void TestMainWindow::secretsAreExportedOnlyIfWanted()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, isWritten);
+    QFETCH(bool, hasSecrets);
+    const TestDatabase database;
+    const Window window(database);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("settings.json");
+    const ModalAnswer question(button);
+    const FileAnswer file(path, &question);
+    window.choose({"Файл", "Экспорт…"});
+    QVERIFY(question.wasGiven());
+    QVERIFY2(question.text().contains("не зашифрованы"), qPrintable(question.text()));
+    QCOMPARE(question.defaultButton(), QString("Без паролей"));
+    QCOMPARE(QFile::exists(path), isWritten);
+    if (!isWritten)
+        return;
+    QCOMPARE(SettingsDocument::read(path).document->settings().contains(LOCKER_ACCESS_TOKEN), hasSecrets);
+    QCOMPARE(file.details().contains("только его владелец"), hasSecrets);
+    const auto others = QFile::ReadGroup | QFile::ReadOther;
+    QCOMPARE((QFile::permissions(path) & others) == 0, hasSecrets);
+}
+
+void TestMainWindow::filesTellThatEditsAreNotInThem_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QStringList>("answers");
+    QTest::addColumn<bool>("isWritten");
+    QTest::newRow("an export that goes on") << "Экспорт…" << QStringList{"Продолжить", "Без паролей"} << true;
+    QTest::newRow("an export that does not") << "Экспорт…" << QStringList{"Вернуться"} << false;
+    QTest::newRow("a report that goes on") << "Отчёт в PDF…" << QStringList{"Продолжить"} << true;
+    QTest::newRow("a report that does not") << "Отчёт в PDF…" << QStringList{"Вернуться"} << false;
+}
+
+void TestMainWindow::filesTellThatEditsAreNotInThem()
+{
+    QFETCH(QString, entry);
+    QFETCH(QStringList, answers);
+    QFETCH(bool, isWritten);
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("edited");
+    const QTemporaryDir folder;
+    const ModalAnswer questions(answers);
+    const FileAnswer file(folder.filePath("file"), &questions);
+    window.choose({"Файл", entry});
+    QVERIFY(questions.wasGiven());
+    QVERIFY2(questions.text().contains("Несохранённых изменений: 1"), qPrintable(questions.text()));
+    const QStringList written = QDir(folder.path()).entryList(QDir::Files);
+    QCOMPARE(written.size(), isWritten ? 1 : 0);
+    if (entry == "Экспорт…" && isWritten)
+        QCOMPARE(SettingsDocument::read(folder.filePath(written.first())).document->settings().value(MOBILE_HOST),
+                 QString("mobile.installation.example"));
+    QVERIFY(window.session.hasChanges());
+}
+
+void TestMainWindow::aComparisonTellsOfEdits()
+{
+    const TestDatabase database;
+    const Window window(database);
+    const QString path = database.folder() + "/settings.json";
+    QVERIFY(!SettingsDocument::of({{MOBILE_HOST, "theirs"}}, SettingsDocument::Secrets::LeaveOut).write(path));
+    window.typeHost("edited");
+    QString said;
+    QTimer look;
+    look.callOnTimeout([&] {
+        if (auto *dialog = qobject_cast<ImportDialog *>(QApplication::activeModalWidget())) {
+            look.stop();
+            const auto *edits = dialog->findChild<QLabel *>("edits");
+            said = edits->isVisible() ? edits->text() : QString();
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }
+    });
+    look.start(1);
+    const FileAnswer file(path);
+    window.choose({"Файл", "Сравнить с файлом…"});
+    QTRY_VERIFY(!look.isActive());
+    QCOMPARE(said, QString("Сравнивается с тем, что сохранено. Несохранённых изменений: 1."));
+    window.revert()->click();
+    said = "none yet";
+    look.start(1);
+    window.choose({"Файл", "Сравнить с файлом…"});
+    QTRY_VERIFY(!look.isActive());
+    QCOMPARE(said, QString());
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -4,11 +4,14 @@
 #include "modalanswer.h"
 #include "openpages.h"
 
+#include <host/pageaccess.h>
+
 #include <vxsettings/dbkeys.h>
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
@@ -80,6 +83,10 @@ private Q_SLOTS:
     void theKeyIsCopied();
     void theCommandIsCopied_data();
     void theCommandIsCopied();
+    void theHistoryIsOfTheParameter();
+    void anUnreadableTextIsRepairedAsAWhole_data();
+    void anUnreadableTextIsRepairedAsAWhole();
+    void aLockedPageIsNotRepaired();
 };
 
 void TestParameterMenu::initTestCase()
@@ -199,6 +206,57 @@ void TestParameterMenu::theCommandIsCopied()
     pages.choose({key}, copyCommand);
     QCOMPARE(QApplication::clipboard()->text(),
              QString("vxsettingsctl --database '%1' %2").arg(pages.file.path(), command));
+}
+
+void TestParameterMenu::theHistoryIsOfTheParameter()
+{
+    MenuPages pages;
+    QVector<SettingAddress> wanted;
+    connect(&pages.menu, &ParameterMenu::historyWanted, &pages.menu,
+            [&wanted](const SettingAddress &address) { wanted << address; });
+    pages.choose(port, "История параметра…");
+    QTRY_COMPARE(wanted.size(), 1);
+    QVERIFY(wanted.first() == port);
+}
+
+void TestParameterMenu::anUnreadableTextIsRepairedAsAWhole_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<bool>("isOffered");
+    QTest::newRow("no object") << "spoilt" << true;
+    QTest::newRow("a name that occurs twice") << R"({"min_len": "4", "min_len": "5"})" << true;
+    QTest::newRow("a number out of range") << R"({"max_len": "1"})" << false;
+}
+
+void TestParameterMenu::anUnreadableTextIsRepairedAsAWhole()
+{
+    QFETCH(QString, stored);
+    QFETCH(bool, isOffered);
+    MenuPages pages({{PIN_STRENGTH, stored}});
+    pages.open(DBGroups::Employees);
+    QSignalSpy wanted(&pages.menu, &ParameterMenu::repairWanted);
+    const SettingAddress maxLen{PIN_STRENGTH, json::MAX_LEN};
+    const QString entry = "Исправить запись «Сложность пин-кода»…";
+    QMenu *menu = MenuPages::menuAt(pages.editor(maxLen));
+    QCOMPARE(MenuPages::entry(menu, entry) != nullptr, isOffered);
+    QStringList single;
+    for (const QAction *action : menu->actions())
+        single << action->text();
+    QCOMPARE(single.filter("Исправить сохранённое").isEmpty(), isOffered);
+    menu->close();
+    if (!isOffered)
+        return;
+    pages.choose(maxLen, entry);
+    QTRY_COMPARE(wanted.size(), 1);
+    QCOMPARE(wanted.first().first().toString(), PIN_STRENGTH);
+    QVERIFY(!pages.session.hasChanges()); // it is only asked for
+}
+
+void TestParameterMenu::aLockedPageIsNotRepaired()
+{
+    MenuPages pages({{MOBILE_PORT, "123456"}, {PageAccess::KEY, R"({"connection": false})"}});
+    QMenu *menu = MenuPages::menuAt(pages.editor(port));
+    QVERIFY(!MenuPages::entry(menu, "Исправить сохранённое: 65535")->isEnabled());
 }
 
 QTEST_MAIN(TestParameterMenu)

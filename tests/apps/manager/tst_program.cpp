@@ -101,6 +101,7 @@ private Q_SLOTS:
     void selfTestOnACopy();
     void selfTestWithoutADatabase();
     void selfTestOnOddContent();
+    void selfTestOnLockedPages();
     void badDatabases_data();
     void badDatabases();
     void withoutRights_data();
@@ -311,6 +312,20 @@ void TestProgram::selfTestOnOddContent()
     // There is nothing to choose on the three pages with objects.
     QVERIFY2(program.out.contains("верно:  изменено настроек: 37, замечено: 37\n"), qPrintable(program.out));
     QCOMPARE(database.bytes(), before);
+}
+
+void TestProgram::selfTestOnLockedPages()
+{
+    const TestDatabase database;
+    makeSample(database);
+    for (const char *access : {R"({"connection": false, "users": false})", "spoilt"}) {
+        database.store("VX_PAGE_ACCESS", access);
+        const QByteArray before = database.bytes();
+        Program program({"--self-test", "--database", database.path()});
+        QCOMPARE(program.run(), 0);
+        QVERIFY2(program.out.contains("верно:  изменено настроек: 40, замечено: 40\n"), qPrintable(program.out));
+        QCOMPARE(database.bytes(), before);
+    }
 }
 
 void TestProgram::badDatabases_data()

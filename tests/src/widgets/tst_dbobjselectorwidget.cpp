@@ -32,6 +32,7 @@ private Q_SLOTS:
     }
     void freshEditor_data();
     void freshEditor();
+    void aFormsSelectorOffersDepartments();
     void captionIsOnTheFrame();
     void ownersOfTheParts();
     void width_data();
@@ -164,6 +165,20 @@ void TestDBObjSelectorWidget::freshEditor()
     QCOMPARE(selector(editor)->currentUid(), 0u);
     QCOMPARE(described(editor.value()), QString("uint 0"));
     QVERIFY(!editor.storedValue().isValid());
+}
+
+/// uic and Qt Designer know no other argument than the parent.
+void TestDBObjSelectorWidget::aFormsSelectorOffersDepartments()
+{
+    const StoredObjects stored(orgstructure, company);
+    QWidget form;
+    const DBObjSelectorWidget editor(&form);
+    const DBObjSelectorWidget expected(orgstructure, &form);
+    QCOMPARE(editor.parentWidget(), &form);
+    QCOMPARE(selector(editor)->dataname(), orgstructure);
+    QCOMPARE(choosable(*selector(editor)->model()), choosable(*selector(expected)->model()));
+    QVERIFY(!choosable(*selector(editor)->model()).isEmpty());
+    QCOMPARE(selector(editor)->size(), selector(expected)->size());
 }
 
 void TestDBObjSelectorWidget::captionIsOnTheFrame()

@@ -68,6 +68,10 @@ private Q_SLOTS:
     void secondCentralWidgetGoesBelow();
     void centralWidgetIsFoundByName();
     void centralWidgetIsFoundAtAnyDepth();
+
+    void aFormNamesTheParameter();
+    void aFormNamesNoParameter_data();
+    void aFormNamesNoParameter();
 };
 
 namespace {
@@ -716,6 +720,42 @@ void TestDBParamWidget::centralWidgetIsFoundAtAnyDepth()
     auto *deep = new QLineEdit(holder);
     deep->setObjectName("DBParamWidget_centralWidget");
     QCOMPARE(frame.centralWidget(), deep);
+}
+
+void TestDBParamWidget::aFormNamesTheParameter()
+{
+    DBParamWidget frame(nullptr);
+    frame.setValue("kept");
+    HeardSignals heard(frame);
+    frame.setProperty("parameter", "PT_PASS_REQUEST_SEQUENCE");
+    QCOMPARE(frame.key(), QString("PT_PASS_REQUEST_SEQUENCE"));
+    QCOMPARE(frame.findChild<QLabel *>("leftLabel")->text(), QString("Формат номера заявки"));
+    QVERIFY(frame.toolTip().contains("${year}"));
+    QCOMPARE(frame.value(), QVariant("kept"));
+    QCOMPARE(heard.take(), QStringList());
+}
+
+void TestDBParamWidget::aFormNamesNoParameter_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("nothing") << QByteArray("parameter") << QVariant();
+    QTest::newRow("empty") << QByteArray("parameter") << QVariant("");
+    QTest::newRow("other case") << QByteArray("parameter") << QVariant("pt_mobile_port");
+    QTest::newRow("beginning of one") << QByteArray("parameter") << QVariant("PT_MOBILE");
+    QTest::newRow("another property") << QByteArray("parameters") << QVariant("PT_MOBILE_PORT");
+}
+
+void TestDBParamWidget::aFormNamesNoParameter()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    DBParamWidget frame(nullptr);
+    frame.setKey("mine");
+    frame.setName("Моё");
+    frame.setProperty(property, value);
+    QCOMPARE(frame.key(), QString("mine"));
+    QCOMPARE(frame.findChild<QLabel *>("leftLabel")->text(), QString("Моё"));
 }
 
 QTEST_MAIN(TestDBParamWidget)

@@ -12,7 +12,7 @@ namespace vantorix {
 /// One object of the installation: a node of the organisational structure, a smart-card profile and the like.
 struct ObjectRecord
 {
-    unsigned int uid = 0;
+    unsigned int uid = 0;       ///< of the object; unique within its data name, not 0
     unsigned int parentUid = 0; ///< 0 for an object at the top
     QString type;               ///< object type name, for instance "OT_DEPARTMENT"
     QString name;               ///< what people call it
@@ -42,7 +42,9 @@ public:
     void setObjects(const QString &dataName, const QVector<ObjectRecord> &objects);
 
 Q_SIGNALS:
+    /// The settings are others than before.
     void dbSettingsChanged();
+    /// The objects of @p dataName were set.
     void objectsChanged(const QString &dataName);
 
 private:

@@ -8,6 +8,7 @@ class VXWIDGETS_EXPORT GrantedProxyModel : public ObjectTreeProxy
     Q_OBJECT
 
 public:
+    /// Lets all types pass; @p parent owns it.
     explicit GrantedProxyModel(QObject *parent = nullptr);
 
 protected:

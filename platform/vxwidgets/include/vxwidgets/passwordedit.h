@@ -15,11 +15,15 @@ class VXWIDGETS_EXPORT PasswordEdit : public QLineEdit
     Q_OBJECT
 
 public:
+    /// Empty and masked; @p parent owns it.
     explicit PasswordEdit(QWidget *parent = nullptr);
 
 protected:
+    /// Makes the eye with the first polishing.
     bool event(QEvent *event) override;
+    /// Masks the text when the edit is disabled or made read-only, and follows language and style.
     void changeEvent(QEvent *event) override;
+    /// Masks the text.
     void hideEvent(QHideEvent *event) override;
 
 private:

@@ -18,6 +18,7 @@ class VXWIDGETS_EXPORT SmartCardKeyDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Without a key; modal. @p parent owns it.
     explicit SmartCardKeyDialog(QWidget *parent = nullptr);
 
     /// Shows @p key as it is, even if it is malformed.
@@ -26,6 +27,7 @@ public:
     QString key() const;
 
 protected:
+    /// Follows the language.
     bool event(QEvent *event) override;
 
 private:

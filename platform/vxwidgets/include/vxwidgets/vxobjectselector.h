@@ -18,6 +18,7 @@ class VXWIDGETS_EXPORT VXObjectSelector : public VXTreeBox
     Q_OBJECT
 
 public:
+    /// Shows nothing before it has a proxy and a data name; @p parent owns it.
     explicit VXObjectSelector(QWidget *parent = nullptr);
 
     /// Shows the objects through @p proxy and becomes the owner of its source model. The proxy stays with its parent;
@@ -28,6 +29,7 @@ public:
 
     /// Whose objects to show, for instance "orgstructure".
     void setDataname(const QString &dataname);
+    /// What setDataname() was given.
     QString dataname() const;
 
     /// Chooses an object. 0, a uid that is not there, and one that cannot be chosen mean that none is chosen.

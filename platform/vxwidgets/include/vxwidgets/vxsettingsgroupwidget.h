@@ -22,21 +22,27 @@ class VXWIDGETS_EXPORT VXSettingsGroupWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// Empty; @p parent, which may be null, owns it.
     explicit VXSettingsGroupWidget(QWidget *parent);
 
     /// Whether the user can fold the body. Without the button only collapse() and expand() do.
     void setShowHideButton(bool shown);
+    /// Whether there is a button; false at first.
     bool isShowHideButton() const;
 
     /// Whether a line follows the title.
     void setShowLineHorizontal(bool shown);
+    /// Whether there is a line; true at first.
     bool isShowLineHorizontal() const;
 
     /// Space around header and body, in device-independent pixels.
     void setContentMargins(const QMargins &margins);
+    /// In device-independent pixels; 0 on all sides at first.
     QMargins contentMargins() const;
 
+    /// Plain text; an empty one takes the title away.
     void setTitle(const QString &title);
+    /// The title as it was set; empty at first.
     QString title() const;
 
     /// The header uses the icon's shape only and draws it in the colour of the title.
@@ -46,7 +52,9 @@ public:
 
     /// Hides the body and gives its space back; what is added meanwhile stays hidden with it.
     void collapse();
+    /// Shows the body.
     void expand();
+    /// Whether the body is not hidden; true at first.
     bool isExpanded() const;
 
     /// Adds @p widget at the end of the body, which becomes its parent.

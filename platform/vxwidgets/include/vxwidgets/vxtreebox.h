@@ -23,10 +23,12 @@ class VXWIDGETS_EXPORT VXTreeBox : public QComboBox
     Q_OBJECT
 
 public:
+    /// With an empty model, as a QComboBox begins; @p parent owns it.
     explicit VXTreeBox(QWidget *parent = nullptr);
 
     /// The node of model() that the popup opens expanded. It is shown and chosen like any other; invalid for none.
     void setDefaultRootIndex(const QModelIndex &index);
+    /// Invalid if none was set, or if it is gone from the model.
     QModelIndex defaultRootIndex() const { return m_defaultRoot; }
 
     /// Chooses any node of model(), the selectable or not; an invalid index chooses none.
@@ -34,16 +36,22 @@ public:
     /// The chosen node of model(); invalid if there is none.
     QModelIndex currentModelIndex() const;
 
+    /// Opens the tree with the chosen node in sight; does nothing if there is none in the model.
     void showPopup() override;
 
 protected:
     /// For a derived class that sets a model before anybody sees the box: the view is spared the default one.
     enum ModelComesLater { modelComesLater };
+    /// Without a model until setModel().
     VXTreeBox(ModelComesLater, QWidget *parent);
 
+    /// Shows the path to the chosen node as a tool tip where the box has no room for it.
     bool event(QEvent *event) override;
+    /// Arrow keys, Home, End and Page keys walk the tree, letters search, Alt+Down, Space and F4 open it.
     void keyPressEvent(QKeyEvent *event) override;
+    /// Paints the branch that leads to the node if the box is several lines high.
     void paintEvent(QPaintEvent *event) override;
+    /// Ignores the event, so that it goes on to the widget around the box.
     void wheelEvent(QWheelEvent *event) override;
 
 private:

@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Whether the libraries keep what they promise to programs that are already built: what they export is what the packages'
+# symbols files list, which is what the public headers declare, and nothing differs from the description in abi/.
+#
+#   scripts/check-abi.sh [BUILD_DIR]    where it builds the libraries once more; build/abi if none is given
+#
+# Ends with 77 where abidiff is not installed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/promised-libraries.sh
+. scripts/promised-libraries.sh
+build=${1:-build/abi}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+command -v abidiff > /dev/null || {
+    echo "abidiff is not installed"
+    exit 77
+}
+
+check_exports() { # LIBRARY
+    dpkg-gensymbols -c4 -p"lib${1}1" -e"$build/lib/lib$1.so.1" -I"debian/lib${1}1.symbols" -O"$work/symbols" > "$work/log" 2>&1 || {
+        cat "$work/log"
+        echo "lib$1 does not export what debian/lib${1}1.symbols lists"
+        return 1
+    }
+}
+
+check_headers() { # LIBRARY
+    local folder flags
+    read -ra flags <<< "-fPIC $(pkg-config --cflags Qt5Widgets)"
+    for folder in $(header_folders "$build" "$1"; header_folders "$build" localstorage); do
+        flags+=("-I$folder")
+    done
+    folder=$(header_folders "$build" "$1" | head -n 1)
+    scripts/promised-symbols.py "$folder/$1" "${flags[@]}" | sort --unique > "$work/promised"
+    sed -nE 's/^ \(c\+\+\)"(non-virtual thunk to )?(.*)@Base".*/\2/p' "debian/lib${1}1.symbols" | sort --unique > "$work/listed"
+    diff --label "the headers of lib$1" --label "debian/lib${1}1.symbols" "$work/promised" "$work/listed"
+}
+
+# abidiff tells in words what a change means, but looks at functions and variables: a structure that only a template of
+# others holds may change behind its back.
+check_description() { # LIBRARY
+    describe_library "$build" "$1" > "$work/now"
+    { abidiff "abi/lib$1.abi" "$work/now" && diff --unified=1 "abi/lib$1.abi" "$work/now"; } || {
+        echo "lib$1 is not what abi/lib$1.abi describes; CONTRIBUTING.md tells what may change"
+        return 1
+    }
+}
+
+build_libraries "$build" > "$work/log" 2>&1 || {
+    cat "$work/log"
+    exit 1
+}
+failed=0
+for library in "${libraries[@]}"; do
+    check_exports "$library" && check_headers "$library" && check_description "$library" || failed=1
+done
+((failed == 0)) || exit 1
+echo "${libraries[*]}: exports, headers and binary interface are as promised"

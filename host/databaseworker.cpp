@@ -91,6 +91,8 @@ std::optional<DatabaseError> DatabaseWorker::open()
     if (auto error = store->open(m_options.location, m_options.missing))
         return error;
     m_store = std::move(store);
+    // A database that was there and is gone comes back, or somebody has to know.
+    m_options.missing = SettingsStore::Missing::Refuse;
     m_control.setSocket(m_store->socket());
     auto error = m_options.isWatching ? listen() : std::nullopt;
     // What was told while there was no connection is gone.

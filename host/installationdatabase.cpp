@@ -433,6 +433,8 @@ void InstallationDatabase::pulse()
 
 void InstallationDatabase::note(const std::optional<DatabaseError> &error)
 {
+    if (!error)
+        m_missing = Missing::Refuse; // also for the next worker
     if (error && error->kind == Kind::Disconnected)
         lose(*error);
     else if (!error && m_connection == Connection::None)

@@ -71,8 +71,14 @@ void SettingsSession::load()
             return;
         }
         self->adopt(self->m_database.installation());
+        self->m_isLoaded = true;
         Q_EMIT self->loaded();
     });
+}
+
+bool SettingsSession::isLoaded() const
+{
+    return m_isLoaded;
 }
 
 const Installation &SettingsSession::stored() const

@@ -63,6 +63,8 @@ public:
 
     /// Reads the database, then emits loaded() or failed(). Open pages follow; their edits are kept.
     void load();
+    /// Whether loaded() was emitted.
+    bool isLoaded() const;
     /// What the database held when it was last heard of.
     const Installation &stored() const;
     /// The value at @p address as SettingEdit::valueIn() gives it.
@@ -204,6 +206,7 @@ private:
     std::vector<std::unique_ptr<SettingsPage>> m_pages;
     Installation m_stored;
     ObjectIndex m_objects;
+    bool m_isLoaded = false;
     bool m_areObjectsKnown = false; ///< what stored() has of them is what the selectors show
     QVector<Origin> m_origins;
     std::optional<Save> m_save; ///< the one that is under way

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds with warnings as errors, and runs every check. Ends at the first one that fails.
+# Installs what is missing, builds with warnings as errors, and runs every check that has to pass before a commit lands.
+# Ends at the first one that fails. What takes longer, and has to pass before a release, is scripts/release-checks.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -14,15 +15,24 @@ section "Lint"
 scripts/lint.sh
 
 # Whatever the tests do is also watched for wrong accesses and undefined behaviour; a build of its own without that would
-# only repeat them.
+# only repeat them. The binary interface is that of the release build below.
 section "Build: asan"
 cmake --preset asan
 cmake --build --preset asan
 section "Tests: asan"
-ctest --preset asan --parallel 4
+ctest --preset asan --parallel 4 --label-exclude abi
 
 section "clang-tidy"
 scripts/tidy.sh build/asan
+section "clazy"
+scripts/clazy.sh build/asan
+section "cppcheck"
+scripts/cppcheck.sh build/asan
+
+section "Threads, built by clang"
+cmake --preset tsan
+cmake --build --preset tsan
+ctest --preset tsan
 
 section "Invented input"
 scripts/fuzz.sh 60
@@ -31,6 +41,10 @@ section "Installed"
 cmake --preset release
 cmake --build --preset release
 scripts/check-install.sh build/release
+section "Binary interface"
+scripts/check-abi.sh build/release
+section "Documentation"
+scripts/build-docs.sh
 
 section "Below another project"
 scripts/check-subdirectory.sh

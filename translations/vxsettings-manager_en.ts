@@ -599,6 +599,18 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>Запись «%1» в базе данных не читается целиком. Страница показывает то, что в ней удалось разобрать.</source>
         <translation>The record “%1” cannot be read as a whole in the database. The page shows what could be made of it.</translation>
     </message>
+    <message>
+        <source>Загрузка настроек…</source>
+        <translation>Loading the settings…</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Изменения запишутся, когда она восстановится.</source>
+        <translation>There is no connection to the database. The changes will be saved when it is back.</translation>
+    </message>
+    <message>
+        <source>Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны.</source>
+        <translation>The connection is back. While it was gone the changes became others, so they were not saved.</translation>
+    </message>
 </context>
 <context>
     <name>Manager</name>

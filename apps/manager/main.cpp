@@ -99,6 +99,8 @@ void setUpApplication()
     // The project's drawings before those of the desktop, which may have another picture under one of these names.
     QIcon::setFallbackThemeName(QIcon::themeName());
     QIcon::setThemeName(QStringLiteral("vantorix"));
+    // By this, desktops that draw windows themselves find the name and the picture of the program.
+    QGuiApplication::setDesktopFileName(QStringLiteral("vxsettings-manager"));
     // Where no desktop says how large texts are, they are larger than on any desktop.
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
         QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 10));

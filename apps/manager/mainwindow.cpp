@@ -18,7 +18,6 @@
 #include "spotlight.h"
 
 #include <host/pageaccesswords.h>
-#include <host/settingchange.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
 #include <host/settingvalue.h>
@@ -41,6 +40,13 @@
 #include <QTranslator>
 
 #include <algorithm>
+#include <initializer_list>
+
+/// The linker leaves out resources of a static library that nobody asks for. (Outside of every namespace: a macro.)
+static void makePictureAvailable()
+{
+    Q_INIT_RESOURCE(manager);
+}
 
 namespace {
 
@@ -101,7 +107,8 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     , m_notice(new QLabel)
     , m_bar(new ChangeBar)
 {
-    setWindowIcon(QIcon::fromTheme(QStringLiteral("common-settings")));
+    makePictureAvailable();
+    setWindowIcon(QIcon(QStringLiteral(":/vxsettings-manager/icon.svg")));
     setCentralWidget(createCentralWidget());
     setMenuBar(m_menu);
     connectMenu();
@@ -113,14 +120,14 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(menu, &ParameterMenu::repairWanted, this, &MainWindow::repair);
     auto *history = new EditHistory(m_session, this);
     m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    menu->setUndoActions(history->undoAction(), history->redoAction());
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
-    connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
     connect(m_searchField, &SearchField::resultsChanged, m_list, &PageList::setHits);
     connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::review);
     connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
-    connect(m_bar, &ChangeBar::cancelRequested, this, [this] { m_database.cancel(); });
+    connect(m_bar, &ChangeBar::cancelRequested, this, &MainWindow::cancelWaiting);
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::showLocks);
@@ -128,17 +135,16 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(&m_session, &SettingsSession::saveFinished, this,
             [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
     connect(&m_database, &InstallationDatabase::waiting, this, &MainWindow::showProgress);
-    connect(&m_database, &InstallationDatabase::connectionLost, this, [this](const DatabaseError &error) {
-        m_notice->setText(tr("%1 Изменения можно будет сохранить, когда связь восстановится.").arg(error.reason));
-        m_notice->show();
-    });
-    connect(&m_database, &InstallationDatabase::connectionRestored, m_notice, &QWidget::hide);
+    connect(&m_database, &InstallationDatabase::connectionLost, this, &MainWindow::noteLostConnection);
+    connect(&m_database, &InstallationDatabase::connectionRestored, this, &MainWindow::noteRestoredConnection);
 
     restoreView();
-    showPage(m_list->chosen());
-    findStoredProblems();
-    showLocks();
-    m_list->setFocus();
+    if (m_session.isLoaded()) {
+        findStoredProblems();
+        begin();
+    } else {
+        waitForLoad();
+    }
 }
 
 MainWindow::~MainWindow()
@@ -211,6 +217,29 @@ void MainWindow::retranslate()
     m_session.retranslate();
     showLocks();
     showUnreadable();
+}
+
+void MainWindow::waitForLoad()
+{
+    setUsable(false);
+    m_bar->setProgress(tr("Загрузка настроек…"));
+    connect(&m_session, &SettingsSession::loaded, this, &MainWindow::begin);
+}
+
+void MainWindow::begin()
+{
+    disconnect(&m_session, &SettingsSession::loaded, this, &MainWindow::begin);
+    m_bar->setProgress({});
+    setUsable(true);
+    connect(m_list, &PageList::pageChosen, this, &MainWindow::showPage);
+    showPage(m_list->chosen());
+    m_list->setFocus();
+}
+
+void MainWindow::setUsable(bool usable)
+{
+    for (QWidget *part : std::initializer_list<QWidget *>{m_menu, m_searchField, m_list})
+        part->setEnabled(usable);
 }
 
 void MainWindow::showPage(DBGroups group)
@@ -343,9 +372,25 @@ void MainWindow::showChanges()
         m_list->setChanged(page.group, m_session.hasChanges(page.group));
 }
 
+void MainWindow::noteLostConnection(const DatabaseError &error)
+{
+    m_isConnectionLost = true;
+    m_notice->setText(tr("%1 Изменения можно будет сохранить, когда связь восстановится.").arg(error.reason));
+    m_notice->show();
+}
+
+void MainWindow::noteRestoredConnection()
+{
+    m_isConnectionLost = false;
+    m_notice->hide();
+    // The session has yet to take in what others have saved meanwhile.
+    if (m_waiting)
+        QTimer::singleShot(0, this, &MainWindow::saveAfterAll);
+}
+
 void MainWindow::review()
 {
-    if (!m_session.hasChanges() || m_session.isSaving())
+    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting)
         return;
     ReviewDialog dialog(changes(), this);
     if (dialog.exec() == QDialog::Rejected)
@@ -356,6 +401,8 @@ void MainWindow::review()
 
 void MainWindow::save()
 {
+    m_waiting.reset();
+    m_notice->setVisible(m_isConnectionLost);
     m_bar->setProgress(tr("Сохранение…"));
     m_session.save(m_reason);
 }
@@ -372,7 +419,7 @@ void MainWindow::saveReplacingUnreadable(const QStringList &keys)
 
 void MainWindow::showProgress(InstallationDatabase::Wait wait)
 {
-    if (!m_session.isSaving())
+    if (m_session.isLoaded() && !m_session.isSaving())
         return;
     switch (wait) {
     case InstallationDatabase::Wait::Busy:
@@ -419,8 +466,43 @@ void MainWindow::finishSave(const SaveResult &result)
 void MainWindow::explainFailure(const DatabaseError &error)
 {
     stay();
-    if (error.kind != DatabaseError::Kind::Cancelled)
+    if (error.kind == DatabaseError::Kind::Cancelled)
+        return;
+    if (m_isConnectionLost)
+        waitForConnection();
+    else
         SaveQuestions::showError(this, error);
+}
+
+void MainWindow::waitForConnection()
+{
+    m_waiting = changes();
+    m_bar->setProgress(tr("Нет связи с базой данных. Изменения запишутся, когда она восстановится."));
+}
+
+void MainWindow::saveAfterAll()
+{
+    if (!m_waiting)
+        return;
+    const bool isAgreed = *m_waiting == changes();
+    m_waiting.reset();
+    m_bar->setProgress({});
+    if (isAgreed) {
+        save();
+        return;
+    }
+    m_notice->setText(tr("Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны."));
+    m_notice->show();
+}
+
+void MainWindow::cancelWaiting()
+{
+    if (!m_waiting) {
+        m_database.cancel();
+        return;
+    }
+    m_waiting.reset();
+    m_bar->setProgress({});
 }
 
 void MainWindow::revertForbidden(const QStringList &keys)

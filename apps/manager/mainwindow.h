@@ -1,6 +1,7 @@
 #pragma once
 
 #include <host/installationdatabase.h>
+#include <host/settingchange.h>
 #include <host/settingssearch.h>
 
 #include <vxsettings/dbsettingstypes.h>
@@ -9,6 +10,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class ChangeBar;
@@ -20,7 +22,6 @@ class QStackedWidget;
 class QTranslator;
 class SearchField;
 class SettingsFiles;
-struct SettingChange;
 class SettingsSession;
 class Translations;
 
@@ -32,8 +33,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// @p session has loaded @p database. These and @p translations live longer; without the latter there is no choice
-    /// of language.
+    /// @p session is that of @p database. Until it has loaded it, the window tells so and does nothing else. These and
+    /// @p translations live longer; without the latter there is no choice of language.
     MainWindow(InstallationDatabase &database, SettingsSession &session, Translations *translations = nullptr);
     ~MainWindow() override;
 
@@ -54,6 +55,9 @@ private:
     void connectMenu();
     void showAbout();
     void retranslate();
+    void waitForLoad();
+    void begin();
+    void setUsable(bool usable);
     void showPage(DBGroups group);
     PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
@@ -65,12 +69,17 @@ private:
     void findStoredProblems();
     void showProblems();
 
+    void noteLostConnection(const DatabaseError &error);
+    void noteRestoredConnection();
     void save();
     void review();
     void saveReplacingUnreadable(const QStringList &keys);
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);
     void explainFailure(const DatabaseError &error);
+    void waitForConnection();
+    void saveAfterAll();
+    void cancelWaiting();
     void revertForbidden(const QStringList &keys);
     void resolveConflicts();
     QVector<SettingChange> changes() const;
@@ -99,4 +108,6 @@ private:
     QHash<int, PageArea *> m_areas; ///< by group
     QString m_reason;               ///< of the save under way, for the history
     bool m_isLeaving = false;       ///< closes once everything is saved
+    bool m_isConnectionLost = false;
+    std::optional<QVector<SettingChange>> m_waiting; ///< what is to be saved once the connection is back
 };

@@ -14,6 +14,8 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <optional>
+
 namespace {
 
 /// Whether somebody could see a window.
@@ -57,7 +59,7 @@ int Manager::run()
         if (status != ExitDone || m_commandLine.pictureFolder().isNull())
             return status;
     }
-    return runOnDatabase();
+    return m_commandLine.isWindowWanted() ? showWindow() : drawPages();
 }
 
 int Manager::usageError(const QString &message)
@@ -70,30 +72,35 @@ int Manager::databaseError(const DatabaseError &error)
 {
     m_err << error.text() << '\n';
     m_err.flush();
-    if (m_commandLine.isWindowWanted() && hasScreen())
+    if (m_commandLine.isWindowWanted() && hasScreen() && error.kind != DatabaseError::Kind::Cancelled)
         SaveQuestions::showError(nullptr, error);
     return ExitDatabase;
 }
 
-int Manager::runOnDatabase()
+int Manager::drawPages()
 {
     if (auto error = SessionWait::load(m_session))
         return databaseError(*error);
-    if (m_commandLine.isWindowWanted())
-        return showWindow();
     return PagePictures::write(m_session, m_commandLine.pictureFolder(), m_out, m_err) ? ExitDone : ExitFailed;
 }
 
 int Manager::showWindow()
 {
-    m_database.watch();
     MainWindow window(m_database, m_session, &m_translations);
     SettingsDraft draft(m_location);
-    DraftKeeper keeper(draft, m_session, window);
+    std::optional<DraftKeeper> keeper;
+    QObject::connect(&m_session, &SettingsSession::loaded, &window, [&] {
+        m_database.watch();
+        keeper.emplace(draft, m_session, window);
+        // Once the page can be seen, and the box lies over it.
+        QTimer::singleShot(0, &*keeper, &DraftKeeper::offer);
+    });
+    QObject::connect(&m_session, &SettingsSession::failed, &window,
+                     [&](const DatabaseError &error) { QApplication::exit(databaseError(error)); });
     window.show();
-    // Once the window can be seen, and the box lies over it.
-    QTimer::singleShot(0, &keeper, &DraftKeeper::offer);
+    m_session.load();
     const int status = QApplication::exec();
-    keeper.drop();
+    if (keeper)
+        keeper->drop();
     return status;
 }

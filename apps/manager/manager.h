@@ -25,7 +25,7 @@ public:
 private:
     int usageError(const QString &message);
     int databaseError(const DatabaseError &error);
-    int runOnDatabase();
+    int drawPages();
     int showWindow();
 
     const CommandLine &m_commandLine;

@@ -13,10 +13,13 @@
 
 namespace {
 
-constexpr QSize pictureSize(24, 24);
-constexpr int rowHeight = 32;
+constexpr QSize pictureSize(20, 20);
+constexpr int rowHeight = 30; // of a title in one line
+constexpr int rowPadding = 6; // above and below several lines, together
 constexpr int headingHeight = 24;
-constexpr int margin = 6;              // around the rows
+constexpr int leastLetters = 20;       // of a title's room, however short titles are
+constexpr int titleSlack = 4;          // lines are broken a little before they are full
+constexpr int margin = 3;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
 constexpr int groupRole = Qt::UserRole;
 constexpr int lockedRole = Qt::UserRole + 1;
@@ -56,6 +59,25 @@ DBGroups groupOf(const QListWidgetItem *item)
 QString withHits(const QString &title, int count)
 {
     return QStringLiteral("%1 (%2)").arg(title).arg(count);
+}
+
+/// The least width in which @p title takes no more than two lines.
+int widthInTwoLines(const QString &title, const QFontMetrics &metrics)
+{
+    const QStringList words = title.split(QLatin1Char(' '));
+    int least = metrics.horizontalAdvance(title);
+    for (int first = 1; first < words.count(); ++first) {
+        const int above = metrics.horizontalAdvance(words.mid(0, first).join(QLatin1Char(' ')));
+        const int below = metrics.horizontalAdvance(words.mid(first).join(QLatin1Char(' ')));
+        least = qMin(least, qMax(above, below));
+    }
+    return least;
+}
+
+QFont bold(QFont font)
+{
+    font.setBold(true);
+    return font;
 }
 
 /// The theme's black drawing in the colours of the text beside it.
@@ -105,6 +127,7 @@ PageList::PageList(QWidget *parent)
     setIconSize(pictureSize);
     setItemDelegate(new PageDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrap(true);
     setViewportMargins(margin, margin, margin, margin);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
@@ -137,7 +160,6 @@ void PageList::addPage(DBGroups group)
 {
     auto *item = new QListWidgetItem(this);
     item->setData(groupRole, int(group));
-    item->setSizeHint({0, rowHeight});
 }
 
 void PageList::choose(DBGroups group)
@@ -192,7 +214,7 @@ void PageList::describe(QListWidgetItem *item) const
     item->setText(m_hits.contains(group) ? withHits(title, m_hits.value(group)) : title);
 
     const bool isChanged = m_changed.contains(int(group));
-    QFont font = item->font();
+    QFont font = this->font();
     font.setBold(isChanged);
     item->setFont(font);
     const bool isLocked = m_locked.contains(int(group));
@@ -204,22 +226,30 @@ void PageList::describe(QListWidgetItem *item) const
         words << tr("Закрыта для операторов");
     item->setToolTip(words.join(QStringLiteral(". ")));
     item->setData(Qt::AccessibleDescriptionRole, item->toolTip());
+    item->setSizeHint({0, heightOf(item)});
+}
+
+int PageList::heightOf(const QListWidgetItem *item) const
+{
+    const QRect lines = QFontMetrics(item->font()).boundingRect(0, 0, titleWidth(), 0, Qt::TextWordWrap, item->text());
+    return qMax(rowHeight, lines.height() + rowPadding);
+}
+
+int PageList::titleWidth() const
+{
+    const QFontMetrics metrics(bold(font()));
+    int width = leastLetters * metrics.averageCharWidth();
+    for (const Section &section : sections()) {
+        for (const DBGroups group : section.pages)
+            width = qMax(width, widthInTwoLines(DBSettingsHelper::groupName(group), metrics));
+    }
+    return width + titleSlack;
 }
 
 QSize PageList::sizeHint() const
 {
-    constexpr int manyHits = 99;
-    QFont bold = font();
-    bold.setBold(true);
-    const QFontMetrics metrics(bold);
-    int textWidth = 0;
-    for (const Section &section : sections()) {
-        for (const DBGroups group : section.pages)
-            textWidth =
-                qMax(textWidth, metrics.horizontalAdvance(withHits(DBSettingsHelper::groupName(group), manyHits)));
-    }
     const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    const int rowWidth = pictureSize.width() + textWidth + 4 * textMargin;
+    const int rowWidth = pictureSize.width() + titleWidth() + 4 * textMargin;
     return {rowWidth + 2 * (frameWidth() + margin), QListWidget::sizeHint().height()};
 }
 

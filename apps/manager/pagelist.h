@@ -26,7 +26,7 @@ public:
     /// The row of the page.
     QListWidgetItem *itemOf(DBGroups group) const;
 
-    /// Wide enough for every title, marked or not.
+    /// Wide enough for every title in two lines, marked or not.
     QSize sizeHint() const override;
 
 Q_SIGNALS:
@@ -41,6 +41,8 @@ private:
     void addHeading();
     void addPage(DBGroups group);
     void describe(QListWidgetItem *item) const;
+    int heightOf(const QListWidgetItem *item) const;
+    int titleWidth() const;
     /// The farthest page within the height of the list, down with @p direction 1, up with -1.
     QModelIndex scrolledCursor(int direction) const;
     void retranslate();

@@ -20,16 +20,24 @@
 
 namespace {
 
-/// The menu that the editor has by itself; empty if it has none.
-QMenu *standardMenu(const DBParamWidget &editor)
+/// The menu that the editor has by itself; empty if it has none. With @p undoActions, undo and redo are those.
+QMenu *standardMenu(const DBParamWidget &editor, const QList<QAction *> &undoActions)
 {
     QWidget *input = editor.centralWidget();
     auto *line = qobject_cast<QLineEdit *>(input);
     if (!line)
         line = input->findChild<QLineEdit *>(); // of a spin box
-    QMenu *menu = line && input->isEnabled() ? line->createStandardContextMenu() : new QMenu(input->window());
-    if (!menu->isEmpty())
-        menu->addSeparator();
+    if (!line || !input->isEnabled())
+        return new QMenu(input->window());
+
+    QMenu *menu = line->createStandardContextMenu();
+    if (!undoActions.isEmpty() && !line->isReadOnly()) {
+        // The first two of a line that can be edited are its own.
+        const QList<QAction *> own = menu->actions().mid(0, undoActions.count());
+        menu->insertActions(own.first(), undoActions);
+        qDeleteAll(own);
+    }
+    menu->addSeparator();
     return menu;
 }
 
@@ -51,6 +59,11 @@ ParameterMenu::ParameterMenu(SettingsSession &session, const DatabaseLocation &l
     , m_database(location.name())
 {
     connect(&m_session, &SettingsSession::pageOpened, this, &ParameterMenu::addPage);
+}
+
+void ParameterMenu::setUndoActions(QAction *undo, QAction *redo)
+{
+    m_undoActions = {undo, redo};
 }
 
 bool ParameterMenu::eventFilter(QObject *watched, QEvent *event)
@@ -79,7 +92,7 @@ void ParameterMenu::addPage()
 
 QMenu *ParameterMenu::createMenu(const SettingAddress &address)
 {
-    QMenu *menu = standardMenu(*m_session.editor(address));
+    QMenu *menu = standardMenu(*m_session.editor(address), m_undoActions);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addChanges(*menu, address);
     addSwitch(*menu, address);

@@ -9,6 +9,7 @@
 #include <optional>
 
 class DatabaseLocation;
+class QAction;
 class QMenu;
 class QWidget;
 class SettingsSession;
@@ -25,6 +26,9 @@ class ParameterMenu : public QObject
 public:
     /// @p session, of which no page is open yet and which has loaded the database at @p location, lives longer.
     ParameterMenu(SettingsSession &session, const DatabaseLocation &location, QObject *parent = nullptr);
+
+    /// What the menu offers in the place of a line edit's own undo and redo, which know of nothing but the line.
+    void setUndoActions(QAction *undo, QAction *redo);
 
 Q_SIGNALS:
     /// Somebody wants to be led to that parameter.
@@ -50,6 +54,7 @@ private:
     QString command(const SettingAddress &address) const;
 
     SettingsSession &m_session;
+    QList<QAction *> m_undoActions;
     QString m_database;                                 ///< what the command line programs call it
     QHash<const QObject *, SettingAddress> m_addresses; ///< of frames and their input widgets
 };

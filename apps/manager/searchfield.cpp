@@ -3,11 +3,11 @@
 #include "searchresults.h"
 
 #include <QEvent>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcut>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -15,6 +15,7 @@ namespace {
 
 constexpr int charactersOfARow = 60;
 constexpr int distance = 2; // between the line and the results
+constexpr int rowSpacing = 4;
 
 SettingsSearch::Hit unsearched(const SettingAddress &address)
 {
@@ -36,11 +37,12 @@ SearchField::SearchField(const SettingsSearch &search, QWidget *parent)
     setFocusProxy(m_line);
     m_results->hide();
 
-    auto *layout = new QGridLayout(this);
+    auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_line, 0, 0, 1, 2);
-    layout->addWidget(m_changed.button, 1, 0);
-    layout->addWidget(m_problematic.button, 1, 1);
+    layout->setSpacing(rowSpacing);
+    layout->addWidget(m_line);
+    layout->addWidget(m_changed.button);
+    layout->addWidget(m_problematic.button);
 
     connect(m_line, &QLineEdit::textChanged, this, &SearchField::searchAndShow);
     connect(m_results, &QListWidget::itemClicked, this, &SearchField::choose);

@@ -1,5 +1,7 @@
 #include "theme.h"
 
+#include "themestyle.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QSettings>
@@ -88,7 +90,7 @@ void Theme::apply(Kind kind)
     if (kind == Kind::System && currentKind == Kind::System)
         return;
     currentKind = kind;
-    QApplication::setStyle(QStyleFactory::create(kind == Kind::System ? desktopStyle : QStringLiteral("fusion")));
+    QApplication::setStyle(kind == Kind::System ? QStyleFactory::create(desktopStyle) : new ThemeStyle);
     QApplication::setPalette(paletteOf(kind));
     // Tool tips have a palette of their own, which does not follow.
     QToolTip::setPalette(QApplication::palette());

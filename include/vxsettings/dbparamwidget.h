@@ -118,7 +118,6 @@ protected:
 
 private:
     void followParameterProperty();
-    void keepCaptionsWhole();
     void placeMark();
     void placeProblem();
     /// Tells assistive technology what stands around the input widget, once somebody can see it.

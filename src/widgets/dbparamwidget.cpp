@@ -55,6 +55,10 @@ DBParamWidget::DBParamWidget(QWidget *parent)
 {
     // The form connects no slots by name: it has none, and looking for them was a tenth of the cost of a page.
     m_ui->setupUi(this);
+    for (CaptionLabel *label : {m_ui->topLabel, m_ui->bottomLabel})
+        label->setEditor(m_ui->centralWidget, CaptionLabel::Place::AboveOrBelow);
+    for (CaptionLabel *label : {m_ui->leftLabel, m_ui->rightLabel})
+        label->setEditor(m_ui->centralWidget, CaptionLabel::Place::Beside);
     setLabelPosition(LabelPosition::Left);
 }
 
@@ -63,12 +67,8 @@ DBParamWidget::~DBParamWidget() = default;
 void DBParamWidget::setName(const QString &name)
 {
     linkCaptions(name); // before the text, because a label measures its text anew for it
-    for (QLabel *label : captionsOf(*m_ui)) {
+    for (QLabel *label : captionsOf(*m_ui))
         label->setText(name);
-        // What the previous text needed to be whole.
-        if (label->minimumHeight() > 0)
-            label->setMinimumHeight(0);
-    }
     describeInput();
 }
 
@@ -225,7 +225,6 @@ bool DBParamWidget::event(QEvent *event)
 
     const bool isHandled = QWidget::event(event);
     if (isVisible()) {
-        keepCaptionsWhole();
         placeMark();
         placeProblem();
         if (changesDescription)
@@ -246,16 +245,6 @@ void DBParamWidget::followParameterProperty()
     if (parameter->type == DBSettingsType::SpinBox)
         setParamRange(parameter->range);
     retranslate();
-}
-
-void DBParamWidget::keepCaptionsWhole()
-{
-    // A caption keeps its preferred width in a wider column, but the layout asks for its height at the column's width,
-    // where it needs fewer lines.
-    for (QLabel *label : captionsOf(*m_ui)) {
-        if (label->isVisible() && label->height() < label->sizeHint().height())
-            label->setMinimumHeight(label->sizeHint().height());
-    }
 }
 
 void DBParamWidget::placeMark()

@@ -2,13 +2,13 @@
 #include <host/sampleinstallation.h>
 #include <host/sqltransaction.h>
 
+#include "eventloopwatch.h"
 #include "loggingrules.h"
 #include "messages.h"
 #include "testinstallation.h"
 
 #include <localstorage/localstorage.h>
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -65,6 +65,7 @@ private Q_SLOTS:
     void ownSavesAreNoNews();
     void aFileThatIsReplacedIsNotWrittenTo();
     void aFileThatComesBackIsReadAgain();
+    void aFileThatIsGoneIsNotMadeAnew();
     void aHungServerIsLeftAfterTheDeadline();
     void aSaveOnAHungServerIsToldWhenItIsKnown_data();
     void aSaveOnAHungServerIsToldWhenItIsKnown();
@@ -195,24 +196,6 @@ void loseForAWhile(InstallationDatabase &database, const QString &path)
     QVERIFY(QFile::rename(path + ".old", path));
     QTRY_COMPARE(restored.count(), 1);
 }
-
-/// The longest time for which the event loop of this thread did nothing.
-class LoopWatch
-{
-public:
-    LoopWatch()
-    {
-        m_clock.start();
-        m_timer.callOnTimeout([this] { m_longest = qMax(m_longest, m_clock.restart()); });
-        m_timer.start(1ms);
-    }
-    qint64 longest() const { return m_longest; }
-
-private:
-    QElapsedTimer m_clock;
-    QTimer m_timer;
-    qint64 m_longest = 0;
-};
 } // namespace
 
 void TestInstallationDatabase::engines()
@@ -408,7 +391,7 @@ void TestInstallationDatabase::aLockedDatabaseIsWaitedForVisibly()
     InstallationDatabase database(installation.location(), Missing::CreateSample);
     const Installation base = loaded(database);
     auto writer = std::make_unique<Writer>(installation);
-    const LoopWatch watch;
+    EventLoopWatch watch;
     QVector<Wait> waits;
     connect(&database, &InstallationDatabase::waiting, this, [&](Wait wait) {
         waits << wait;
@@ -540,6 +523,19 @@ void TestInstallationDatabase::aFileThatComesBackIsReadAgain()
     QCOMPARE(changed[0][0].toStringList(), QStringList{key});
 }
 
+void TestInstallationDatabase::aFileThatIsGoneIsNotMadeAnew()
+{
+    const TestInstallation installation(Engine::File);
+    const QString path = installation.file().path();
+    InstallationDatabase database(installation.location(), Missing::CreateSample, shortLimits);
+    const Installation base = loaded(database);
+    for (const char *suffix : {"", "-wal", "-shm"})
+        QFile::remove(path + suffix);
+    QCOMPARE(save(database, {{key, "mine"}}, base).error->kind, Kind::Disconnected);
+    QCOMPARE(load(database).error->kind, Kind::Missing);
+    QVERIFY(!QFile::exists(path));
+}
+
 void TestInstallationDatabase::aHungServerIsLeftAfterTheDeadline()
 {
     const TestInstallation installation(Engine::Server);
@@ -548,7 +544,7 @@ void TestInstallationDatabase::aHungServerIsLeftAfterTheDeadline()
     const auto hung = installation.server().backends();
     QVERIFY(!hung.isEmpty());
     installation.server().signalBackends(SIGSTOP);
-    const LoopWatch watch;
+    EventLoopWatch watch;
     using Result = DatabaseResult<QVector<HistoryRecord>>;
     const auto result = answerTo<Result>([&](const auto &done) { database.history({}, done); });
     QVERIFY(result.error);
@@ -687,14 +683,15 @@ void TestInstallationDatabase::aServerThatGoesIsNoticedAndFoundAgain()
     QSignalSpy lost(&database, &InstallationDatabase::connectionLost);
     QSignalSpy restored(&database, &InstallationDatabase::connectionRestored);
     QSignalSpy changed(&database, &InstallationDatabase::changed);
-    const LoopWatch watch;
     TestServer::stopHard();
+    EventLoopWatch watch;
     QTRY_COMPARE(lost.count(), 1);
     QVERIFY(!database.isConnected());
     const SaveResult refused = save(database, {{key, "mine"}}, database.installation());
     QCOMPARE(refused.outcome, Outcome::Failed);
     QCOMPARE(refused.error->kind, Kind::Disconnected);
     QVERIFY2(refused.error->reason.startsWith("Нет связи с сервером"), qPrintable(refused.error->reason));
+    QVERIFY2(watch.longest() < 100, qPrintable(QString::number(watch.longest())));
 
     TestServer::start();
     QTRY_COMPARE_WITH_TIMEOUT(restored.count(), 1, 20000);

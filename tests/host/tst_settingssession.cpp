@@ -5,6 +5,7 @@
 
 #include "editors.h"
 #include "messages.h"
+#include "sampledatabase.h"
 #include "testdatabase.h"
 
 #include <vxsettings/dbkeys.h>
@@ -129,11 +130,6 @@ public:
             throw std::runtime_error("not noticed");
     }
 };
-
-void makeSample(const TestDatabase &database)
-{
-    const Host created(database);
-}
 
 /// Address, base, theirs and mine of each conflict.
 QStringList words(const QVector<SettingsSession::Conflict> &conflicts)
@@ -288,12 +284,11 @@ void TestSettingsSession::aPageWithoutItsWidgetIsBuiltAgain()
 void TestSettingsSession::nothingToSave()
 {
     const TestDatabase database;
-    makeSample(database);
     // A text that an editor clamps, choices and objects that are not there, another JSON: nobody has edited them.
-    database.store(MAX_CARD_COUNT, "500");
-    database.store(CARD_VIEW_FORMAT, "77");
-    database.store(DEFAULT_DEPARTMENT, "4000000");
-    database.store(PIN_STRENGTH, R"({"max_len": 1, "extra": true})");
+    makeSample(database, {{MAX_CARD_COUNT, "500"},
+                          {CARD_VIEW_FORMAT, "77"},
+                          {DEFAULT_DEPARTMENT, "4000000"},
+                          {PIN_STRENGTH, R"({"max_len": 1, "extra": true})"}});
     database.execute("DELETE FROM settings WHERE key = 'PT_MOBILE_PORT'");
     const QHash<QString, QString> before = database.settings();
     const QVariant revisions = database.ask("SELECT sum(revision) FROM settings");
@@ -311,8 +306,7 @@ void TestSettingsSession::nothingToSave()
 void TestSettingsSession::onlyEditedSettingsAreWritten()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     QHash<QString, QString> expected = database.settings();
     Host host(database);
     const SettingAddress photo{EMPLOYEE_PHOTO_TYPE};
@@ -497,9 +491,8 @@ void TestSettingsSession::noCallSignalsASaveItself()
 void TestSettingsSession::jsonMembersWithoutEditorAreKept()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH,
-                   R"({"max_len": 12, "future": {"levels": [1, 2]}, "deny_equal": "true", "min_len": -3})");
+    makeSample(database, {{PIN_STRENGTH,
+                           R"({"max_len": 12, "future": {"levels": [1, 2]}, "deny_equal": "true", "min_len": -3})"}});
     Host host(database);
     host.click(denyEqual);
     QVERIFY(host.save().isDone());
@@ -526,8 +519,7 @@ void TestSettingsSession::unreadableJsonIsRefused()
 {
     QFETCH(QString, stored);
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, stored);
+    makeSample(database, {{PIN_STRENGTH, stored}});
     Host host(database);
     host.click(denyEqual);
 
@@ -546,8 +538,7 @@ void TestSettingsSession::unreadableJsonIsRefused()
 void TestSettingsSession::consentIsForTheTextThatWasNamed()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, "min=4");
+    makeSample(database, {{PIN_STRENGTH, "min=4"}});
     Host host(database);
     host.click(denyEqual);
     QCOMPARE(host.save().outcome, Outcome::Unreadable);
@@ -560,8 +551,7 @@ void TestSettingsSession::consentIsForTheTextThatWasNamed()
 void TestSettingsSession::unreadableJsonIsLeftAloneWithoutAnEdit()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PIN_STRENGTH, "min=4");
+    makeSample(database, {{PIN_STRENGTH, "min=4"}});
     Host host(database);
     host.type({MAX_CARD_COUNT}, "7");
     QVERIFY(host.save().isDone());
@@ -1012,8 +1002,7 @@ void TestSettingsSession::violationsAreOfWhatWouldBeStored()
 void TestSettingsSession::findingsAreOfWhatIsStored()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     Host host(database); // without any page
     const QVector<SettingFinding> findings = host.session->findings();
     QCOMPARE(findings.count(), 1);
@@ -1042,8 +1031,7 @@ void TestSettingsSession::aRepairIsAnEdit()
     QFETCH(SettingAddress, address);
     QFETCH(QString, stored);
     const TestDatabase database;
-    makeSample(database);
-    database.store(address.key, stored);
+    makeSample(database, {{address.key, stored}});
     Host host(database);
     host.open(DBGroups::Employees);
     const SettingFinding finding = host.session->findings().constFirst();
@@ -1068,8 +1056,7 @@ void TestSettingsSession::aRepairIsAnEdit()
 void TestSettingsSession::aRepairThatSomebodyElseMakesIsNoEdit()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(MAX_CARD_COUNT, "500");
+    makeSample(database, {{MAX_CARD_COUNT, "500"}});
     WatchingHost host(database);
     host.open(DBGroups::Employees);
     QVERIFY(host.session->replaceStored({MAX_CARD_COUNT}, "20"));
@@ -1189,9 +1176,7 @@ void TestSettingsSession::theSessionMayGoFirst()
 void TestSettingsSession::secretsReachNoLog()
 {
     const TestDatabase database;
-    makeSample(database);
-    database.store(PASSWORD_DEF, "canary-stored");
-    database.store(LOCKER_ACCESS_TOKEN, "canary-stored");
+    makeSample(database, {{PASSWORD_DEF, "canary-stored"}, {LOCKER_ACCESS_TOKEN, "canary-stored"}});
     const auto logOfARound = [&] {
         const CapturedMessages messages;
         Host host(database);

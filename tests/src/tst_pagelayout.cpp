@@ -41,6 +41,7 @@ private Q_SLOTS:
     void hostNameFitsItsField();
     void fieldsOfARowStandInLine();
     void captionBelowIsNarrow();
+    void captionIsAsWideAsTheFieldAboveIt();
     void checkBoxWrapsALongText();
     void wrappedCheckBoxIsClickedAnywhereOnItsText();
     void shortCheckBoxLooksAsEver();
@@ -76,7 +77,7 @@ void TestPageLayout::fieldsOfARowStandInLine()
 
 void TestPageLayout::captionBelowIsNarrow()
 {
-    DBLineEditWidget editor(nullptr);
+    DBSpinBoxWidget editor(nullptr);
     editor.setName(longText);
     editor.setLabelPosition(LabelPosition::Bottom);
     editor.show();
@@ -88,6 +89,22 @@ void TestPageLayout::captionBelowIsNarrow()
     const QString oneWord = QString(60, QChar(u'щ'));
     editor.setName(oneWord);
     QTRY_VERIFY(label->width() >= label->fontMetrics().horizontalAdvance(oneWord));
+}
+
+void TestPageLayout::captionIsAsWideAsTheFieldAboveIt()
+{
+    DBLineEditWidget editor(nullptr);
+    editor.setName(longText);
+    editor.setLabelPosition(LabelPosition::Bottom);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    const auto *label = editor.findChild<QLabel *>("bottomLabel");
+    QCOMPARE(label->width(), editor.centralWidget()->width());
+    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+
+    editor.setName("Пароль по умолчанию");
+    QTRY_COMPARE(textLines(label), 1);
+    QVERIFY(label->width() < editor.centralWidget()->width());
 }
 
 void TestPageLayout::checkBoxWrapsALongText()

@@ -1,3 +1,4 @@
+#include "doublingtranslator.h"
 #include "installation.h"
 #include "loggingrules.h"
 #include "messages.h"
@@ -15,26 +16,12 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTranslator>
 
 using namespace db::database;
 using installation::Page;
 using vantorix::OBJECT_PARAMETERS;
 
 namespace {
-
-/// Says every text twice: another language, and one with long words.
-class DoublingTranslator : public QTranslator
-{
-public:
-    DoublingTranslator() { QCoreApplication::installTranslator(this); }
-    ~DoublingTranslator() override { QCoreApplication::removeTranslator(this); }
-    QString translate(const char *, const char *source, const char *, int) const override
-    {
-        return QString::fromUtf8(source) + ' ' + QString::fromUtf8(source);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 /// Every text that the user sees or hears of a page, its tool tips included.
 QStringList texts(const QWidget &window)

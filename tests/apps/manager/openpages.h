@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/editors.h"
-#include "host/testdatabase.h"
+#include "host/sampledatabase.h"
 #include "sessionwait.h"
 
 #include <host/installationdatabase.h>
@@ -59,15 +59,7 @@ private:
 
     static QString created(const TestDatabase &file, const QHash<QString, QString> &stored)
     {
-        {
-            InstallationDatabase creator(DatabaseLocation::ofFile(file.path()),
-                                         InstallationDatabase::Missing::CreateSample);
-            SettingsSession session(creator);
-            if (const auto error = SessionWait::load(session))
-                throw std::runtime_error(error->text().toStdString());
-        }
-        for (auto setting = stored.begin(); setting != stored.end(); ++setting)
-            file.store(setting.key(), *setting);
+        makeSample(file, stored);
         return file.path();
     }
 };

@@ -38,12 +38,14 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QTest>
 #include <QToolButton>
 
 #include <memory>
+#include <optional>
 
 using namespace db::database;
 
@@ -212,6 +214,7 @@ private Q_SLOTS:
     void ctrlSSaves();
     void revertBringsEverythingBack();
     void anUndoLeadsToItsParameter();
+    void anEditorsOwnMenuUndoesTheSame();
     void aDependentFollows();
     void theLastPageAndTheSizeAreRemembered();
     void closingWithoutChangesAsksNothing();
@@ -223,6 +226,11 @@ private Q_SLOTS:
     void aSaveCanBeCancelled();
     void whatOthersSaveIsShown();
     void aLostConnectionIsANotice();
+    void aSaveWaitsForTheConnection();
+    void whatIsEditedMeanwhileIsNotSaved();
+    void waitingForTheConnectionCanBeCancelled();
+    void theWindowIsThereBeforeTheFirstLoad();
+    void aLongLoadCanBeCancelled();
     void aConflictCanBeOverwritten();
     void aConflictCanBeLeft();
     void theirsCanBeTaken();
@@ -231,6 +239,8 @@ private Q_SLOTS:
     void aFailedSaveIsShown();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
+    void noPageScrolls_data();
+    void noPageScrolls();
     void theKeyboardReachesEverything();
     void aSearchLeadsToTheParameter();
     void aSearchScrollsAndUnfolds();
@@ -312,7 +322,7 @@ void TestMainWindow::aFreshWindowHasNothingToSave()
     QVERIFY(!window.window->isWindowModified());
     QCOMPARE(window.changeText(), QString("Несохранённых изменений нет"));
     QVERIFY(window.window->windowTitle().contains("installation.db[*]"));
-    QVERIFY(!window.window->windowIcon().isNull());
+    QVERIFY(!window.window->windowIcon().pixmap(48).isNull());
 }
 
 void TestMainWindow::anEditIsShownEverywhere()
@@ -404,6 +414,30 @@ void TestMainWindow::anUndoLeadsToItsParameter()
     QCOMPARE(window.input<QLineEdit>(MOBILE_HOST)->text(), QString("mobile.installation.example"));
     QCOMPARE(QApplication::focusWidget(), window.input<QWidget>(MOBILE_HOST));
     QVERIFY(!window.window->isWindowModified());
+}
+
+void TestMainWindow::anEditorsOwnMenuUndoesTheSame()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.typeHost("first");
+    window.go(DBGroups::Users);
+    editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
+    window.go(DBGroups::Connection);
+    auto *host = window.input<QLineEdit>(MOBILE_HOST);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, host->rect().center(), host->mapToGlobal(host->rect().center()));
+    QApplication::sendEvent(host, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().value(0)->text(), QString("&Отменить правку"));
+    QCOMPARE(menu->actions().value(1)->text(), QString("&Повторить правку"));
+    QVERIFY(menu->actions().value(2)->isSeparator());
+    // The last edit of all, not that of this line.
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().first()).center());
+    QCOMPARE(window.list()->chosen(), DBGroups::Users);
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QCOMPARE(host->text(), QString("first"));
+    QVERIFY(window.window->menuBar()->isEnabled());
 }
 
 void TestMainWindow::aDependentFollows()
@@ -561,6 +595,118 @@ void TestMainWindow::aLostConnectionIsANotice()
     QVERIFY(!notice->isVisible());
 }
 
+void TestMainWindow::aSaveWaitsForTheConnection()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    const auto *notice = window.window->findChild<QLabel *>("noticeLabel");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    QTRY_VERIFY(notice->isVisible());
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    QVERIFY(!window.save()->isEnabled());
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    QTRY_COMPARE(window.changeText(), QString("Несохранённых изменений нет"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
+    QVERIFY(!notice->isVisible());
+}
+
+void TestMainWindow::whatIsEditedMeanwhileIsNotSaved()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    window.typeHost("another");
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    const auto *notice = window.window->findChild<QLabel *>("noticeLabel");
+    QTRY_VERIFY2(notice->text().startsWith("Связь восстановлена."), qPrintable(notice->text()));
+    QVERIFY(notice->isVisible());
+    QVERIFY(window.save()->isEnabled());
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+    window.clickSave();
+    QVERIFY(!notice->isVisible());
+    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("another"));
+}
+
+void TestMainWindow::waitingForTheConnectionCanBeCancelled()
+{
+    const TestDatabase database;
+    Window window(database);
+    window.database.watch();
+    window.typeHost("mine");
+    QVERIFY(QFile::rename(database.path(), database.path() + ".away"));
+    window.clickSave();
+    QTRY_VERIFY2(window.changeText().contains("запишутся"), qPrintable(window.changeText()));
+    QTest::mouseClick(window.window->findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+
+    QVERIFY(QFile::rename(database.path() + ".away", database.path()));
+    QTRY_VERIFY(!window.window->findChild<QLabel *>("noticeLabel")->isVisible());
+    QCOMPARE(window.changeText(), QString("Изменено настроек: 1"));
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mobile.installation.example"));
+}
+
+void TestMainWindow::theWindowIsThereBeforeTheFirstLoad()
+{
+    const TestDatabase file;
+    InstallationDatabase database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample);
+    SettingsSession session(database);
+    QSettings().setValue("window/page", "users");
+    MainWindow window(database, session);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *list = window.findChild<PageList *>();
+    const auto *stack = window.findChild<QStackedWidget *>();
+    QCOMPARE(window.findChild<QLabel *>("changeLabel")->text(), QString("Загрузка настроек…"));
+    QVERIFY(!list->isEnabled() && !window.menuBar()->isEnabled());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->itemOf(DBGroups::Connection)).center());
+    QCOMPARE(stack->count(), 0);
+
+    session.load();
+    QTRY_COMPARE(stack->count(), 1);
+    QVERIFY(session.isOpen(DBGroups::Users));
+    QVERIFY(list->isEnabled() && window.menuBar()->isEnabled() && list->hasFocus());
+    QCOMPARE(window.findChild<QLabel *>("changeLabel")->text(), QString("Несохранённых изменений нет"));
+    // Loading once more builds nothing again.
+    const QWidget *page = stack->currentWidget();
+    QSignalSpy loaded(&session, &SettingsSession::loaded);
+    session.load();
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(stack->count(), 1);
+    QCOMPARE(stack->currentWidget(), page);
+}
+
+void TestMainWindow::aLongLoadCanBeCancelled()
+{
+    const TestDatabase file;
+    {
+        const Window created(file);
+    }
+    SqlConnection other(DatabaseLocation::ofFile(file.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(other.execute("PRAGMA journal_mode = DELETE") && other.execute("BEGIN EXCLUSIVE"));
+    InstallationDatabase database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample);
+    SettingsSession session(database);
+    MainWindow window(database, session);
+    window.show();
+    std::optional<DatabaseError> failure;
+    connect(&session, &SettingsSession::failed, &window, [&](const DatabaseError &error) { failure = error; });
+    session.load();
+    const auto *label = window.findChild<QLabel *>("changeLabel");
+    QTRY_VERIFY2(label->text().contains("занята"), qPrintable(label->text()));
+    QTest::mouseClick(window.findChild<QPushButton *>("cancelButton"), Qt::LeftButton);
+    QTRY_VERIFY(failure);
+    QCOMPARE(failure->kind, DatabaseError::Kind::Cancelled);
+}
+
 void TestMainWindow::aConflictCanBeOverwritten()
 {
     const TestDatabase database;
@@ -689,6 +835,33 @@ void TestMainWindow::nothingIsCutOff()
     QVERIFY(!window.list()->verticalScrollBar()->isVisible());
 }
 
+void TestMainWindow::noPageScrolls_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<int>("fontSize"); // points
+    for (const char *language : {"ru", "en"}) {
+        for (const int fontSize : {8, 9, 10})
+            QTest::addRow("%s, letters of %d points", language, fontSize) << language << fontSize;
+    }
+}
+
+void TestMainWindow::noPageScrolls()
+{
+    QFETCH(QString, language);
+    QFETCH(int, fontSize);
+    QApplication::setFont(QFont("Sans Serif", fontSize));
+    Translations translations("vxsettings-manager");
+    QVERIFY(translations.setLanguage(language));
+    const TestDatabase database;
+    const Window window(database, &translations);
+    QCOMPARE(window.window->size(), QSize(1024, 700));
+    for (const SettingsPageName &page : settingsPages) {
+        auto *area = qobject_cast<QScrollArea *>(window.go(page.group));
+        QTRY_VERIFY2(!area->horizontalScrollBar()->isVisible() && !area->verticalScrollBar()->isVisible(), page.name);
+    }
+    QVERIFY(!window.list()->verticalScrollBar()->isVisible());
+}
+
 void TestMainWindow::theKeyboardReachesEverything()
 {
     const TestDatabase database;
@@ -745,7 +918,7 @@ void TestMainWindow::aSearchScrollsAndUnfolds()
 {
     const TestDatabase database;
     const Window window(database);
-    window.window->resize(700, 300);
+    window.window->resize(700, 240);
     window.go(DBGroups::Employees);
     for (auto *frame : window.page()->findChildren<VXSettingsGroupWidget *>())
         frame->collapse();

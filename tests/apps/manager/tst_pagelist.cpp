@@ -6,7 +6,25 @@
 #include <host/settingspages.h>
 
 #include <QSignalSpy>
+#include <QStyleOptionViewItem>
 #include <QTest>
+
+namespace {
+
+/// Where the style writes the title of @p item.
+QRect titleRect(const PageList &list, const QListWidgetItem *item)
+{
+    QStyleOptionViewItem option;
+    option.initFrom(&list);
+    option.font = item->font();
+    option.rect = list.visualItemRect(item);
+    option.text = item->text();
+    option.decorationSize = list.iconSize();
+    option.features =
+        QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::WrapText;
+    return list.style()->subElementRect(QStyle::SE_ItemViewItemText, &option, &list);
+}
+} // namespace
 
 class TestPageList : public QObject
 {
@@ -27,6 +45,7 @@ private Q_SLOTS:
     void chooseByProgram();
     void changedPagesAreMarked();
     void titlesAreNotCutOff();
+    void aLongTitleTakesTwoLines();
 };
 
 void TestPageList::initTestCase()
@@ -207,11 +226,30 @@ void TestPageList::titlesAreNotCutOff()
         hits.insert(page.group, 42);
     }
     list.setHits(hits);
-    list.resize(list.sizeHint().width(), 600);
+    list.resize(list.sizeHint().width(), 700);
     list.show();
-    // What the view itself finds its widest row to be.
-    QVERIFY2(list.sizeHintForColumn(0) <= list.viewport()->width(),
-             qPrintable(QString("%1 in %2").arg(list.sizeHintForColumn(0)).arg(list.viewport()->width())));
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    for (const SettingsPageName &page : settingsPages) {
+        const QListWidgetItem *item = list.itemOf(page.group);
+        const QRect room = titleRect(list, item);
+        const QRect needed =
+            QFontMetrics(item->font()).boundingRect(0, 0, room.width(), room.height(), Qt::TextWordWrap, item->text());
+        QVERIFY2(room.width() >= needed.width() && room.height() >= needed.height(), qPrintable(item->text()));
+    }
+}
+
+void TestPageList::aLongTitleTakesTwoLines()
+{
+    PageList list;
+    list.resize(list.sizeHint().width(), 700);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const auto height = [&](DBGroups group) { return list.visualItemRect(list.itemOf(group)).height(); };
+    QVERIFY(height(DBGroups::FingerprintScanning) > height(DBGroups::Database));
+    QVERIFY(height(DBGroups::FingerprintScanning) >= 2 * list.fontMetrics().lineSpacing());
+    const int before = height(DBGroups::FingerprintScanning);
+    list.setChanged(DBGroups::FingerprintScanning, true);
+    QCOMPARE(height(DBGroups::FingerprintScanning), before);
 }
 
 QTEST_MAIN(TestPageList)

@@ -3,11 +3,17 @@
 #include "messages.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QPalette>
+#include <QSpinBox>
 #include <QTest>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 class TestTheme : public QObject
 {
@@ -16,8 +22,15 @@ class TestTheme : public QObject
 private Q_SLOTS:
     void initTestCase();
     void fromName();
-    void textsAreReadable_data();
+    void textsAreReadable_data() { kinds(); }
     void textsAreReadable();
+    void outlinesStandOut_data() { kinds(); }
+    void outlinesStandOut();
+    void theFocusStandsOut_data() { kinds(); }
+    void theFocusStandsOut();
+
+private:
+    static void kinds();
 };
 
 namespace {
@@ -35,6 +48,29 @@ qreal contrast(const QColor &a, const QColor &b)
     const qreal darker = std::min(luminance(a), luminance(b));
     return (lighter + 0.05) / (darker + 0.05);
 }
+
+/// How much the most striking pixel of the widget's left edge differs from the window around it.
+qreal contrastOfEdge(QWidget *widget)
+{
+    const QImage image = widget->grab().toImage();
+    qreal most = 1;
+    for (int x = 0; x < 4; ++x)
+        most = std::max(most,
+                        contrast(image.pixelColor(x, image.height() / 2), widget->palette().color(QPalette::Window)));
+    return most;
+}
+
+/// How many pixels of the widget have the colour of what is chosen.
+int highlighted(QWidget *widget)
+{
+    const QImage image = widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == widget->palette().color(QPalette::Highlight);
+    }
+    return count;
+}
 } // namespace
 
 void TestTheme::initTestCase()
@@ -50,7 +86,7 @@ void TestTheme::fromName()
     QVERIFY(!Theme::fromName(""));
 }
 
-void TestTheme::textsAreReadable_data()
+void TestTheme::kinds()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<bool>("dark");
@@ -77,6 +113,47 @@ void TestTheme::textsAreReadable()
     }
     const qreal faded = contrast(palette.color(QPalette::Disabled, QPalette::Text), palette.color(QPalette::Base));
     QVERIFY(faded > 1.5 && faded < contrast(palette.color(QPalette::Text), palette.color(QPalette::Base)));
+}
+
+void TestTheme::outlinesStandOut()
+{
+    QFETCH(int, kind);
+    Theme::apply(Theme::Kind(kind));
+    QWidget window;
+    QVBoxLayout layout(&window);
+    for (QWidget *widget : std::initializer_list<QWidget *>{new QCheckBox, new QLineEdit, new QSpinBox}) {
+        layout.addWidget(widget);
+        widget->setFocusPolicy(Qt::NoFocus);
+    }
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (QWidget *widget : window.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const qreal found = contrastOfEdge(widget);
+        // What the accessibility guidelines ask of the outline of a control.
+        QVERIFY2(found >= 3, qPrintable(QString("%1: %2").arg(widget->metaObject()->className()).arg(found)));
+    }
+}
+
+void TestTheme::theFocusStandsOut()
+{
+    QFETCH(int, kind);
+    Theme::apply(Theme::Kind(kind));
+    QWidget window;
+    QVBoxLayout layout(&window);
+    auto *button = new QToolButton;
+    button->setFocusPolicy(Qt::StrongFocus);
+    for (QWidget *widget : std::initializer_list<QWidget *>{new QCheckBox("text"), new QLineEdit, new QSpinBox, button})
+        layout.addWidget(widget);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    for (QWidget *widget : window.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        window.setFocus();
+        const int without = highlighted(widget);
+        while (!widget->hasFocus())
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        QVERIFY2(highlighted(widget) > without + widget->height(), widget->metaObject()->className());
+    }
 }
 
 QTEST_MAIN(TestTheme)

@@ -26,18 +26,20 @@ class Server:
     def start(self):
         self.do("start")
 
-    def drop_connections(self):
+    def drop_connections(self, database):
         others = (
             "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
             "WHERE pid <> pg_backend_pid() AND datname = current_database()"
         )
-        subprocess.run(["psql", "-qAtc", others, "postgres"], check=True, capture_output=True, timeout=60)
+        subprocess.run(["psql", "-qAtc", others, database], check=True, capture_output=True, timeout=60)
 
 
 class LostConnection(TestCase):
     def new_database(self):
+        self.name = f"installation_{TestCase.count}"
+        subprocess.run(["createdb", self.name], check=True, timeout=60)
         host, port, user = (os.environ[name] for name in ("PGHOST", "PGPORT", "PGUSER"))
-        database = f"postgresql://{user}@{host}:{port}/postgres"
+        database = f"postgresql://{user}@{host}:{port}/{self.name}"
         Ctl(database).run("init", "--sample")
         return database
 
@@ -57,7 +59,20 @@ class LostConnection(TestCase):
         press("Return")
         manager.wait_closed(review)
 
-    def test_editing_goes_on_and_a_save_waits(self):
+    def test_a_save_waits_for_the_connection(self):
+        server = Server()
+        manager = self.start()
+        manager.page("Пользователи")
+        server.stop()
+        wait_for(lambda: self.notices(manager), "the notice of a lost connection")
+        self.edit(manager, 60)
+        self.save(manager)
+        manager.find("label", "Нет связи с базой данных. Изменения запишутся, когда она восстановится.")
+        server.start()
+        manager.find("label", "Несохранённых изменений нет")
+        self.assertEqual("60", self.ctl.get("PT_PASSWORD_EXPIRED"))
+
+    def test_editing_goes_on_and_is_saved_afterwards(self):
         server = Server()
         manager = self.start()
         manager.page("Пользователи")
@@ -72,7 +87,7 @@ class LostConnection(TestCase):
         manager.find("label", "Несохранённых изменений нет")
         self.assertEqual("60", self.ctl.get("PT_PASSWORD_EXPIRED"))
 
-        server.drop_connections()
+        server.drop_connections(self.name)
         self.edit(manager, 70)
         self.save(manager)
         manager.find("label", "Несохранённых изменений нет")

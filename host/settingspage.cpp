@@ -5,6 +5,7 @@
 #include <vxsettings/dbsettingsgroupfactory.h>
 #include <vxsettings/dbsettingshelper.h>
 
+#include <QLineEdit>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -174,14 +175,19 @@ void SettingsPage::addParameters(DBSettingsGroup &group, const QString &jsonKey)
 
 void SettingsPage::listen(const Parameter &parameter)
 {
-    connect(parameter.editor, &DBParamWidget::paramChanged, this, [this, address = parameter.address] {
+    const auto takeEdit = [this, address = parameter.address] {
         switchDependents(address.parameter());
         Parameter *touched = find(address);
         if (!m_isTyping || !touched)
             return;
         touched->isInsistedOn = false;
         Q_EMIT edited(address);
-    });
+    };
+    // Assistive technology puts a text in without typing it, and then only the line itself tells.
+    if (auto *line = qobject_cast<QLineEdit *>(parameter.editor->centralWidget()))
+        connect(line, &QLineEdit::textChanged, this, takeEdit);
+    else
+        connect(parameter.editor, &DBParamWidget::paramChanged, this, takeEdit);
 }
 
 void SettingsPage::show(Parameter &parameter, const QString &text)

@@ -303,6 +303,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <source>скрыто</source>
         <translation>hidden</translation>
     </message>
+    <message>
+        <source>В редакторе «%1» снова %2. Осталось сохранить.</source>
+        <translation>The editor of “%1” has %2 again. It is still to be saved.</translation>
+    </message>
 </context>
 <context>
     <name>ImportDialog</name>
@@ -960,6 +964,10 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Показывать только настройки, с которыми что-то не так</source>
         <translation>Show only settings with which something is wrong</translation>
+    </message>
+    <message>
+        <source>Очистить</source>
+        <translation>Clear</translation>
     </message>
 </context>
 <context>

@@ -136,5 +136,7 @@ void HistoryDialog::showWhatCanBeRestored()
 void HistoryDialog::restore()
 {
     const QTreeWidgetItem *item = m_tree->currentItem();
+    // The editor lies behind this dialog.
+    m_state->setText(tr("В редакторе «%1» снова %2. Осталось сохранить.").arg(item->text(0), item->text(1)));
     Q_EMIT restoreRequested(ChangeTree::address(item), item->data(0, restorableRole).toString());
 }

@@ -283,7 +283,7 @@ void MainWindow::showParameter(const SettingAddress &address)
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
     if (m_session.mayEdit(page))
-        editor->setFocus(Qt::OtherFocusReason);
+        editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value
     else
         m_areas.value(int(page))->focusLock();
 }

@@ -1,5 +1,7 @@
 #include "pagelist.h"
 
+#include "followedselection.h"
+
 #include <vxsettings/dbsettingshelper.h>
 
 #include <vxstyles/vxiconhelper.h>
@@ -143,6 +145,7 @@ PageList::PageList(QWidget *parent)
         if (item)
             Q_EMIT pageChosen(groupOf(item));
     });
+    followSelection(*this);
 }
 
 void PageList::addHeading()

@@ -171,7 +171,8 @@ void SearchField::placeResults()
 {
     const QRect room = window()->rect();
     const QPoint below = mapTo(window(), QPoint(0, height() + distance));
-    const int wanted = qMax(width(), charactersOfARow * fontMetrics().averageCharWidth());
+    const int whole = qMin(m_results->contentWidth(), room.width() - below.x());
+    const int wanted = std::max({width(), charactersOfARow * fontMetrics().averageCharWidth(), whole});
     const int resultWidth = qMin(wanted, room.width());
     const int left = qBound(0, below.x(), room.width() - resultWidth);
     const int resultHeight = qMin(m_results->contentHeight(), room.height() - below.y() - distance);
@@ -258,6 +259,7 @@ void SearchField::retranslate()
     m_line->setPlaceholderText(
         tr("Поиск настроек (%1)").arg(QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText)));
     m_line->setAccessibleName(tr("Поиск настроек"));
+    m_line->findChild<QToolButton *>()->setAccessibleName(tr("Очистить"));
     m_line->setToolTip(
         tr("По названиям, вариантам, подсказкам, ключам и близким по смыслу словам, на русском и английском языках"));
 

@@ -1,9 +1,12 @@
 #include "searchresults.h"
 
+#include "followedselection.h"
+
 #include <vxsettings/dbsettingshelper.h>
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -71,6 +74,7 @@ SearchResults::SearchResults(QWidget *parent)
     setItemDelegate(new ResultDelegate(this));
     setUniformItemSizes(true);
     setAutoFillBackground(true);
+    followSelection(*this);
 }
 
 void SearchResults::setHits(const QVector<SettingsSearch::Hit> &hits)
@@ -104,6 +108,16 @@ const SettingAddress &SearchResults::currentAddress() const
 QString SearchResults::currentText() const
 {
     return m_hits.isEmpty() ? item(0)->text() : currentItem()->data(Qt::AccessibleTextRole).toString();
+}
+
+int SearchResults::contentWidth() const
+{
+    int widest = 0;
+    for (int row = 0; row < count(); ++row) {
+        for (const int role : {int(Qt::DisplayRole), placeRole})
+            widest = qMax(widest, fontMetrics().horizontalAdvance(item(row)->data(role).toString()));
+    }
+    return widest + 2 * horizontalMargin + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
 
 int SearchResults::contentHeight() const

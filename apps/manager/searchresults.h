@@ -19,7 +19,8 @@ public:
     const SettingAddress &currentAddress() const;
     /// The current row in words, or that there is none.
     QString currentText() const;
-    /// For all rows.
+    /// For all rows, none of them cut off.
+    int contentWidth() const;
     int contentHeight() const;
 
     /// Moves the current row as the key does in a list.

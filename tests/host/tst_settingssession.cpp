@@ -12,6 +12,7 @@
 
 #include <localstorage/localstorage.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLoggingCategory>
 #include <QSignalSpy>
@@ -171,6 +172,7 @@ private Q_SLOTS:
     void unreadableJsonIsLeftAloneWithoutAnEdit();
     void editsByProgram();
     void editsByHand();
+    void editsByAssistiveTechnology();
     void untouchedParametersFollow();
     void anEditedParameterBecomesAConflict();
     void anotherMemberIsNoConflict();
@@ -589,6 +591,20 @@ void TestSettingsSession::editsByHand()
     QTest::keyClick(port, Qt::Key_Down);
     QVERIFY(!host.session->hasChanges());
     QCOMPARE(parameterEdited.count(), 2);
+}
+
+void TestSettingsSession::editsByAssistiveTechnology()
+{
+    const TestDatabase database;
+    Host host(database);
+    auto *line = host.input<QLineEdit>(mobileHost);
+    QSignalSpy parameterEdited(host.session.get(), &SettingsSession::parameterEdited);
+    QAccessible::queryAccessibleInterface(line)->setText(QAccessible::Value, "spoken.example");
+    QCOMPARE(parameterEdited.count(), 1);
+    QCOMPARE(parameterEdited[0][0].value<SettingAddress>(), mobileHost);
+    host.session->revert();
+    QCOMPARE(line->text(), QString("mobile.installation.example"));
+    QCOMPARE(parameterEdited.count(), 1);
 }
 
 void TestSettingsSession::untouchedParametersFollow()

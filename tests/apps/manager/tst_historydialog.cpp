@@ -136,6 +136,7 @@ void TestHistoryDialog::restoringAsksForTheOldValue()
     QTest::mouseClick(restoreButton(dialog), Qt::LeftButton);
     QCOMPARE(wanted, QStringList{"PT_MOBILE_PORT=80"});
     QVERIFY(dialog.isVisible());
+    QCOMPARE(dialog.findChild<QLabel *>()->text(), QString("В редакторе «Порт» снова 80. Осталось сохранить."));
 }
 
 void TestHistoryDialog::whatCannotBeRestored_data()

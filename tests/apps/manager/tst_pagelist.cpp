@@ -36,6 +36,7 @@ private Q_SLOTS:
     void iconsStandOutFromTheirBackground_data();
     void iconsStandOutFromTheirBackground();
     void clickChoosesAPage();
+    void assistiveTechnologyChoosesAPage();
     void keysChooseAPage();
     void keysStepOverHeadings();
     void aHeadingCannotBeChosen();
@@ -104,6 +105,17 @@ void TestPageList::clickChoosesAPage()
     connect(&list, &PageList::pageChosen, [&](DBGroups group) { chosen << group; });
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
                       list.visualItemRect(list.itemOf(DBGroups::Connection)).center());
+    QCOMPARE(chosen, QVector<DBGroups>{DBGroups::Connection});
+    QCOMPARE(list.chosen(), DBGroups::Connection);
+}
+
+void TestPageList::assistiveTechnologyChoosesAPage()
+{
+    PageList list;
+    QVector<DBGroups> chosen;
+    connect(&list, &PageList::pageChosen, [&](DBGroups group) { chosen << group; });
+    list.selectionModel()->select(list.model()->index(list.row(list.itemOf(DBGroups::Connection)), 0),
+                                  QItemSelectionModel::ClearAndSelect);
     QCOMPARE(chosen, QVector<DBGroups>{DBGroups::Connection});
     QCOMPARE(list.chosen(), DBGroups::Connection);
 }

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void aFilterShowsAllThatItLetsThrough();
     void aFilterNarrowsASearch();
     void aFilterFollowsWhatIsChanged();
+    void resultsAreAsWideAsTheirTexts();
     void resultsStayInsideTheWindow();
     void aScreenReaderIsTold();
     void anotherLanguage();
@@ -242,6 +243,17 @@ void TestSearchField::aFilterFollowsWhatIsChanged()
     QVERIFY(window.filter("changedFilter")->isEnabled()); // or it could not be released
     QTest::mouseClick(window.filter("changedFilter"), Qt::LeftButton);
     QVERIFY(!window.filter("changedFilter")->isEnabled());
+}
+
+void TestSearchField::resultsAreAsWideAsTheirTexts()
+{
+    Window window;
+    QVERIFY(window.isReady());
+    window.resize(1024, 700);
+    window.type("палец");
+    QVERIFY(rows(*window.results()).contains("Включить возможность сканирования по отпечатку пальца"));
+    for (const QString &caption : rows(*window.results()))
+        QVERIFY(window.results()->fontMetrics().horizontalAdvance(caption) < window.results()->viewport()->width());
 }
 
 void TestSearchField::resultsStayInsideTheWindow()

@@ -391,10 +391,6 @@ For help: vxsettingsctl --help</translation>
         <source>true — операторы могут изменять страницу, false — нет; пока ничего не записано, можно изменять всё. Меняется с параметром --as-administrator.</source>
         <translation>true: operators may change the page, false: they may not; while nothing is stored, everything may be changed. It is changed with the option --as-administrator.</translation>
     </message>
-    <message>
-        <source>объект JSON</source>
-        <translation>JSON object</translation>
-    </message>
 </context>
 <context>
     <name>DiffCommand</name>

@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int leastLetters = 20; // beside an editor, however wide that is
+constexpr int leastLetters = 22; // beside an editor, however wide that is
 } // namespace
 
 void CaptionLabel::setWidest(int letters)

@@ -99,6 +99,11 @@ class Shell:
         sys.exit(f"The shell has ended: {command}")
 
 
+def replaced(text, replacements):
+    """All at once: what has come in is not looked at again."""
+    return re.sub("|".join(map(re.escape, replacements)) or "$^", lambda found: replacements[found[0]], text)
+
+
 def complaint(command, printed, status):
     if command.text.startswith("# "):
         return "is for the administrator of a machine, and not skipped"
@@ -111,17 +116,14 @@ def complaint(command, printed, status):
 
 def main(guide, replacements):
     shell = Shell()
+    shownAs = {real: shown for shown, real in replacements.items()}
     ran, failed = 0, 0
     for command in commands(open(guide, encoding="utf-8").read().splitlines()):
         if command.skipped:
             print(f"{guide}:{command.line}: not run, {command.skipped}: {command.text}")
             continue
-        text = command.text
-        for shown, real in replacements:
-            text = text.replace(shown, real)
-        printed, status = shell.run(text)
-        for shown, real in reversed(replacements):
-            printed = [line.replace(real, shown) for line in printed]
+        printed, status = shell.run(replaced(command.text, replacements))
+        printed = [replaced(line, shownAs) for line in printed]
         ran += command.isShown
         reason = complaint(command, printed, status)
         if reason:
@@ -132,4 +134,4 @@ def main(guide, replacements):
 
 
 if __name__ == "__main__":
-    sys.exit(not main(sys.argv[1], [argument.split("=", 1) for argument in sys.argv[2:]]))
+    sys.exit(not main(sys.argv[1], dict(argument.split("=", 1) for argument in sys.argv[2:])))

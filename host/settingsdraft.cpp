@@ -119,8 +119,8 @@ void SettingsDraft::read()
         return;
     }
     m_found.at = QDateTime::fromString(json[QStringLiteral("at")].toString(), Qt::ISODateWithMs);
-    // clazy:exclude=range-loop-reference (the iterators of an array make the values)
-    for (const QJsonValue edit : json[QStringLiteral("edits")].toArray())
+    // The iterators of an array make the values.
+    for (const QJsonValue edit : json[QStringLiteral("edits")].toArray()) // clazy:exclude=range-loop-reference
         m_found.edits.append(editFromJson(edit.toObject()));
 }
 

@@ -89,14 +89,15 @@ int Manager::showWindow()
     MainWindow window(m_database, m_session, &m_translations);
     SettingsDraft draft(m_location);
     std::optional<DraftKeeper> keeper;
-    QObject::connect(&m_session, &SettingsSession::loaded, &window, [&] {
+    const QObject whileShown; // goes before what the handler uses
+    QObject::connect(&m_session, &SettingsSession::loaded, &whileShown, [&] {
         m_database.watch();
-        keeper.emplace(draft, m_session, window);
+        keeper.emplace(draft, m_session, window); // clazy:exclude=lambda-in-connect
         // Once the page can be seen, and the box lies over it.
         QTimer::singleShot(0, &*keeper, &DraftKeeper::offer);
     });
     QObject::connect(&m_session, &SettingsSession::failed, &window,
-                     [&](const DatabaseError &error) { QApplication::exit(databaseError(error)); });
+                     [this](const DatabaseError &error) { QApplication::exit(databaseError(error)); });
     window.show();
     m_session.load();
     const int status = QApplication::exec();

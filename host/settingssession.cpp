@@ -218,9 +218,10 @@ bool SettingsSession::isUnreadable(const QString &key) const
 QString SettingsSession::repairedText(const QString &key) const
 {
     JsonSetting::Texts shown;
-    const SettingsPage *open = page(SettingAddress{key}.group());
-    for (const SettingAddress &address : open ? open->addresses(key) : QVector<SettingAddress>())
-        shown.insert(address.member, open->shown(address));
+    if (const SettingsPage *open = page(SettingAddress{key}.group())) {
+        for (const SettingAddress &address : open->addresses(key))
+            shown.insert(address.member, open->shown(address));
+    }
     return JsonSetting(m_stored.settings.value(key)).merged(shown, {});
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# What scripts/test.sh leaves out because it takes long: the tests on Qt 6, under valgrind and with their coverage, and the
-# Debian packages, built twice and tried in fresh installations. Ends at the first one that fails.
+# What scripts/test.sh leaves out because it takes long: clang-tidy, the tests of what has threads under ThreadSanitizer,
+# the tests on Qt 6, under valgrind and with their coverage, and the Debian packages, built twice and tried in fresh
+# installations. Ends at the first one that fails.
 #
 #   scripts/release-checks.sh
 set -euo pipefail
@@ -12,6 +13,13 @@ section() {
 
 section "Packages"
 scripts/install-deps.sh --test
+
+section "Threads, built by clang"
+cmake --preset tsan
+cmake --build --preset tsan
+ctest --preset tsan
+section "clang-tidy"
+scripts/tidy.sh build/tsan
 
 section "Qt 6"
 cmake --preset qt6

@@ -22,17 +22,10 @@ cmake --build --preset asan
 section "Tests: asan"
 ctest --preset asan --parallel 4 --label-exclude abi
 
-section "clang-tidy"
-scripts/tidy.sh build/asan
 section "clazy"
 scripts/clazy.sh build/asan
 section "cppcheck"
 scripts/cppcheck.sh build/asan
-
-section "Threads, built by clang"
-cmake --preset tsan
-cmake --build --preset tsan
-ctest --preset tsan
 
 section "Invented input"
 scripts/fuzz.sh 60

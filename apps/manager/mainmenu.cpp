@@ -54,7 +54,7 @@ void MainMenu::fillFileMenu()
     add(m_file, QT_TR_NOOP("&Экспорт…"), &MainMenu::exportRequested);
     add(m_file, QT_TR_NOOP("&Отчёт в PDF…"), &MainMenu::reportRequested);
     m_file->addSeparator();
-    add(m_file, QT_TR_NOOP("&Выход"), &MainMenu::quitRequested, QKeySequence(Qt::CTRL | Qt::Key_Q));
+    add(m_file, QT_TR_NOOP("&Выход"), &MainMenu::quitRequested, QKeySequence(QStringLiteral("Ctrl+Q")));
 }
 
 void MainMenu::fillEditMenu()

@@ -1,6 +1,9 @@
 """The mouse and the keyboard."""
 
+import contextlib
 import subprocess
+
+from Xlib import X, display, error
 
 from accessibility import wait_for
 
@@ -42,3 +45,18 @@ def write(text):
 def replace(text):
     press("ctrl+a")
     write(text)
+
+
+def popup_menus():
+    """The windows of those that are open, which the accessible tree does not have."""
+    with contextlib.closing(display.Display()) as screen:
+        menu = screen.intern_atom("_NET_WM_WINDOW_TYPE_POPUP_MENU")
+        return [window.id for window in screen.screen().root.query_tree().children if _is_shown(window, menu)]
+
+
+def _is_shown(window, kind):
+    try:
+        kinds = window.get_full_property(window.display.get_atom("_NET_WM_WINDOW_TYPE"), X.AnyPropertyType)
+        return bool(kinds) and kind in kinds.value and window.get_attributes().map_state == X.IsViewable
+    except error.XError:  # it is gone
+        return False

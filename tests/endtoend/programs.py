@@ -17,8 +17,10 @@ FOLDER = pathlib.Path(os.environ["HOME"])
 
 
 def start_desktop():
-    """Once a program: the one who gives the keyboard to windows."""
+    """Once a program: the one who gives the keyboard to windows, and the registry that programs make themselves known to.
+    Otherwise the first of them would come while that is still starting."""
     FocusGiver().start()
+    wait_for(lambda: accessibility.Node(accessibility.ROOT).role, "the registry of accessible programs")
 
 
 EXPECTED = (
@@ -35,9 +37,12 @@ class Ctl:
     def __init__(self, database):
         self.database = database
 
-    def run(self, *arguments):
+    def attempt(self, *arguments):
         command = [CTL, "--database", self.database, *arguments]
-        done = subprocess.run(command, capture_output=True, text=True, timeout=30, check=False)
+        return subprocess.run(command, capture_output=True, text=True, timeout=30, check=False)
+
+    def run(self, *arguments):
+        done = self.attempt(*arguments)
         assert done.returncode == 0, f"{arguments}: {done.stdout}{done.stderr}"
         return done.stdout
 

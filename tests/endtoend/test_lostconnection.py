@@ -1,5 +1,6 @@
 """The manager on a server that goes away and comes back. tests/withserver.sh names the server."""
 
+import contextlib
 import os
 import subprocess
 import unittest
@@ -26,12 +27,48 @@ class Server:
     def start(self):
         self.do("start")
 
+    def query(self, database, *statements):
+        # Never held up by what holds up the others.
+        statements = ["SET synchronous_commit = off", *statements]
+        command = ["psql", "-qAt", *(f"-c{statement}" for statement in statements), database]
+        return subprocess.run(command, check=True, capture_output=True, text=True, timeout=60).stdout.strip()
+
     def drop_connections(self, database):
-        others = (
-            "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
-            "WHERE pid <> pg_backend_pid() AND datname = current_database()"
+        others = f"FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND datname = '{database}'"
+        self.query("postgres", f"SELECT pg_terminate_backend(pid) {others}")
+
+    def let_in(self, database, allowed):
+        self.query("postgres", f"ALTER DATABASE {database} ALLOW_CONNECTIONS {allowed}")
+
+    @contextlib.contextmanager
+    def commits_last(self):
+        """What is committed is stored at once, but nobody is told so: a copy is waited for that does not come."""
+        self.query("postgres", "ALTER SYSTEM SET synchronous_standby_names = 'nobody'", "SELECT pg_reload_conf()")
+        try:
+            yield "SyncRep"
+        finally:
+            self.query("postgres", "ALTER SYSTEM RESET synchronous_standby_names", "SELECT pg_reload_conf()")
+
+    @contextlib.contextmanager
+    def commits_wait(self, database):
+        """Nothing is stored yet when a commit is held up."""
+        self.query("postgres", "CREATE ROLE hold_up")  # what can be taken away from another database
+        self.query(
+            database,
+            "CREATE FUNCTION hold_up() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+            "IF EXISTS (SELECT FROM pg_roles WHERE rolname = 'hold_up') THEN PERFORM pg_sleep(3600); END IF; "
+            "RETURN NULL; END $$",
+            "CREATE CONSTRAINT TRIGGER hold_up AFTER INSERT ON history DEFERRABLE INITIALLY DEFERRED "
+            "FOR EACH ROW EXECUTE FUNCTION hold_up()",
         )
-        subprocess.run(["psql", "-qAtc", others, database], check=True, capture_output=True, timeout=60)
+        try:
+            yield "PgSleep"
+        finally:
+            self.query("postgres", "DROP ROLE hold_up")
+
+    def is_held_up(self, database, event):
+        waiting = f"FROM pg_stat_activity WHERE datname = '{database}' AND wait_event = '{event}' AND query = 'COMMIT'"
+        return self.query("postgres", f"SELECT count(*) {waiting}") == "1"
 
 
 class LostConnection(TestCase):
@@ -94,6 +131,40 @@ class LostConnection(TestCase):
         self.assertEqual("70", self.ctl.get("PT_PASSWORD_EXPIRED"))
         self.ctl.set("PT_PASSWORD_EXPIRED", "80")
         wait_for(lambda: manager.editor(DAYS).value == 80, "what others save after the loss")
+
+    def lose_answer(self, manager, held_up):
+        """Ends the connection of a save that is being committed."""
+        server = Server()
+        self.edit(manager, 60)
+        with held_up as event:
+            self.save(manager)
+            wait_for(lambda: server.is_held_up(self.name, event), "the commit to be held up")
+            manager.find("label", "Сохранение…")
+            server.let_in(self.name, False)
+            server.drop_connections(self.name)
+            manager.find("label", "Выясняется, записаны ли изменения…")
+            self.assertEqual([], manager.window.all("label", "Несохранённых изменений нет"))
+        server.let_in(self.name, True)
+
+    def check_saved(self, attempts):
+        """Once only. The numbers of attempts that came to nothing are not used again."""
+        self.assertEqual("60", self.ctl.get("PT_PASSWORD_EXPIRED"))
+        self.assertEqual(["vxsettings-manager"], [record["program"] for record in self.ctl.history()])
+        self.assertEqual(str(attempts), Server().query(self.name, "SELECT id FROM history"))
+
+    def test_a_save_whose_answer_is_lost_is_found_to_be_stored(self):
+        manager = self.start()
+        manager.page("Пользователи")
+        self.lose_answer(manager, Server().commits_last())
+        manager.find("label", "Несохранённых изменений нет")
+        self.check_saved(attempts=1)
+
+    def test_a_save_whose_answer_is_lost_is_found_not_to_be_stored(self):
+        manager = self.start()
+        manager.page("Пользователи")
+        self.lose_answer(manager, Server().commits_wait(self.name))
+        manager.find("label", "Несохранённых изменений нет")  # as it is saved once more
+        self.check_saved(attempts=2)
 
 
 if __name__ == "__main__":

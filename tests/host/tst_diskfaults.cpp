@@ -4,6 +4,7 @@
 #include "testdatabase.h"
 #include "testrun.h"
 
+#include <QHash>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -230,11 +231,25 @@ QVector<Call> allCalls(const QStringList &kinds, const QStringList &saver, bool 
     return callsOfSaver(database, kinds, saver);
 }
 
+/// One of each quarter of a run, from before the first save is stored to after the last.
 QVector<Call> sample(QVector<Call> calls, quint32 seed)
 {
+    QHash<QString, int> counts;
+    for (const Call &call : calls)
+        counts[call.first] = qMax(counts[call.first], call.second);
+    std::sort(calls.begin(), calls.end(), [&counts](const Call &left, const Call &right) {
+        return double(left.second) / counts[left.first] < double(right.second) / counts[right.first];
+    });
+
     QRandomGenerator random(seed);
-    std::shuffle(calls.begin(), calls.end(), random);
-    return calls.mid(0, 4);
+    QVector<Call> chosen;
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        const int begin = calls.count() * quarter / 4;
+        const int end = calls.count() * (quarter + 1) / 4;
+        if (begin < end)
+            chosen.append(calls[random.bounded(begin, end)]);
+    }
+    return chosen;
 }
 } // namespace
 

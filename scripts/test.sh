@@ -20,15 +20,35 @@ section "Build: asan"
 cmake --preset asan
 cmake --build --preset asan
 section "Tests: asan"
-ctest --preset asan --parallel 4 --label-exclude abi
+ctest --preset asan
 
+section "Threads"
+cmake --preset tsan
+cmake --build --preset tsan
+ctest --preset tsan
+
+section "clang-tidy"
+scripts/tidy.sh build/asan
 section "clazy"
 scripts/clazy.sh build/asan
 section "cppcheck"
 scripts/cppcheck.sh build/asan
 
-section "Invented input"
-scripts/fuzz.sh 60
+section "Build: valgrind, fuzz"
+cmake --preset valgrind
+cmake --build --preset valgrind
+cmake --preset fuzz
+cmake --build --preset fuzz
+# The fuzzer uses one processor only.
+section "valgrind, and beside it invented input"
+scripts/fuzz.sh 60 > build/fuzz/log 2>&1 &
+fuzzing=$!
+scripts/memcheck.sh build/valgrind
+wait "$fuzzing" || {
+    cat build/fuzz/log
+    exit 1
+}
+tail build/fuzz/log
 
 section "Installed"
 cmake --preset release

@@ -34,21 +34,8 @@ scripts/clazy.sh build/asan
 section "cppcheck"
 scripts/cppcheck.sh build/asan
 
-section "Build: valgrind, fuzz"
-cmake --preset valgrind
-cmake --build --preset valgrind
-cmake --preset fuzz
-cmake --build --preset fuzz
-# The fuzzer uses one processor only.
-section "valgrind, and beside it invented input"
-scripts/fuzz.sh 60 > build/fuzz/log 2>&1 &
-fuzzing=$!
-scripts/memcheck.sh build/valgrind
-wait "$fuzzing" || {
-    cat build/fuzz/log
-    exit 1
-}
-tail build/fuzz/log
+section "Invented input"
+scripts/fuzz.sh 60
 
 section "Installed"
 cmake --preset release

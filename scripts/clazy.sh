@@ -27,8 +27,7 @@ for check in "${without[@]}"; do
 done
 
 mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'platform/*.cpp' 'host/*.cpp' 'apps/*.cpp' 'designer/*.cpp' 'docs/*.cpp')
-here=$(sed 's/[^[:alnum:]/_-]/\\&/g' <<< "$PWD") # as a regular expression
-printf '%s\n' "${sources[@]}" | scripts/in-batches.py "$build" clazy-standalone --checks="$checks" \
-    --header-filter="^$here/(include|src|host|apps|platform|designer|docs/generator)/" \
-    --extra-arg=-Wno-gnu-zero-variadic-macro-arguments --extra-arg=-Werror
+printf '%s\0' "${sources[@]}" |
+    xargs -0 -n 4 -P "$(nproc)" clazy-standalone -p "$build" --checks="$checks" --header-filter='/(include|src|host|apps|platform|designer|docs/generator)/' \
+        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments --extra-arg=-Werror
 echo "${#sources[@]} sources are clean"

@@ -27,8 +27,6 @@ cmake --preset tsan
 cmake --build --preset tsan
 ctest --preset tsan
 
-section "clang-tidy"
-scripts/tidy.sh build/asan
 section "clazy"
 scripts/clazy.sh build/asan
 section "cppcheck"

@@ -1,4 +1,5 @@
 #include "commandline.h"
+#include "contextmenukey.h"
 #include "exitstatus.h"
 #include "manager.h"
 
@@ -101,6 +102,7 @@ void setUpApplication()
     QIcon::setThemeName(QStringLiteral("vantorix"));
     // By this, desktops that draw windows themselves find the name and the picture of the program.
     QGuiApplication::setDesktopFileName(QStringLiteral("vxsettings-manager"));
+    qApp->installEventFilter(new ContextMenuKey(qApp));
     // Where no desktop says how large texts are, they are larger than on any desktop.
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
         QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 10));

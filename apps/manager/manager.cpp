@@ -1,6 +1,7 @@
 #include "manager.h"
 
 #include "commandline.h"
+#include "desktopappearance.h"
 #include "draftkeeper.h"
 #include "exitstatus.h"
 #include "mainwindow.h"
@@ -98,6 +99,8 @@ int Manager::showWindow()
     });
     QObject::connect(&m_session, &SettingsSession::failed, &window,
                      [this](const DatabaseError &error) { QApplication::exit(databaseError(error)); });
+    const DesktopAppearance desktop;
+    QObject::connect(&desktop, &DesktopAppearance::told, &window, &Theme::followDesktop);
     window.show();
     m_session.load();
     const int status = QApplication::exec();

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -26,25 +27,24 @@ QPalette readable(QPalette palette)
 } // namespace
 
 PageArea::PageArea(QWidget *parent)
-    : QScrollArea(parent)
-    , m_notices(new QWidget(this))
-    , m_lock(new PageNotice(QStringLiteral("common-lock"), m_notices))
-    , m_repair(new PageNotice(QStringLiteral("common-warning"), m_notices))
+    : QWidget(parent)
+    , m_lock(new PageNotice(QStringLiteral("common-lock")))
+    , m_repair(new PageNotice(QStringLiteral("common-warning")))
+    , m_view(new QScrollArea)
 {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    // Not a stop of its own on the way through the editors, which scroll into view when they are reached.
-    setFocusPolicy(Qt::NoFocus);
-    auto *canvas = new QWidget;
-    auto *layout = new QVBoxLayout(canvas);
-    layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
-    setWidget(canvas);
     createNotices();
+    createView();
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_lock);
+    layout->addWidget(m_repair);
+    layout->addWidget(m_view, 1);
 }
 
 QWidget *PageArea::canvas() const
 {
-    return widget();
+    return m_view->widget();
 }
 
 void PageArea::setPage(QWidget *page)
@@ -59,13 +59,20 @@ void PageArea::createNotices()
 {
     m_lock->setObjectName(QStringLiteral("lockNotice"));
     m_repair->setObjectName(QStringLiteral("repairNotice"));
-    auto *layout = new QVBoxLayout(m_notices);
-    layout->setContentsMargins({});
-    layout->setSpacing(0);
-    layout->addWidget(m_lock);
-    layout->addWidget(m_repair);
     connect(m_lock, &PageNotice::actionRequested, this, &PageArea::accessRequested);
     connect(m_repair, &PageNotice::actionRequested, this, &PageArea::repairRequested);
+}
+
+void PageArea::createView()
+{
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->setWidgetResizable(true);
+    // Not a stop of its own on the way through the editors, which scroll into view when they are reached.
+    m_view->setFocusPolicy(Qt::NoFocus);
+    auto *canvas = new QWidget;
+    auto *layout = new QVBoxLayout(canvas);
+    layout->setContentsMargins(0, margin, 0, margin); // the page has margins of its own at its sides
+    m_view->setWidget(canvas);
 }
 
 void PageArea::setLockReason(const QString &reason)
@@ -73,35 +80,18 @@ void PageArea::setLockReason(const QString &reason)
     m_lock->tell(reason, tr("Доступ операторов…"));
     m_page->setEnabled(reason.isNull());
     colorPage();
-    placeNotices();
 }
 
 void PageArea::setRepairReason(const QString &reason)
 {
     m_repair->tell(reason, tr("Исправить запись…"));
-    placeNotices();
-}
-
-void PageArea::resizeEvent(QResizeEvent *event)
-{
-    QScrollArea::resizeEvent(event);
-    placeNotices();
 }
 
 void PageArea::changeEvent(QEvent *event)
 {
-    QScrollArea::changeEvent(event);
+    QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && m_page)
         colorPage();
-}
-
-/// Not on the canvas, with which they would scroll away.
-void PageArea::placeNotices()
-{
-    const bool isEmpty = m_lock->isHidden() && m_repair->isHidden();
-    const int height = isEmpty ? 0 : m_notices->heightForWidth(width());
-    m_notices->setGeometry(0, 0, width(), height);
-    setViewportMargins(0, height, 0, 0);
 }
 
 void PageArea::colorPage()
@@ -116,11 +106,11 @@ void PageArea::focusLock()
 
 void PageArea::reveal(QWidget *editor)
 {
-    for (QWidget *above = editor->parentWidget(); above && above != this; above = above->parentWidget()) {
+    for (QWidget *above = editor->parentWidget(); above && above != m_view; above = above->parentWidget()) {
         if (auto *frame = qobject_cast<VXSettingsGroupWidget *>(above))
             frame->expand();
     }
     // Until then a page that was built just now, or a frame that was unfolded, has no room yet.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    ensureWidgetVisible(editor, margin, margin);
+    m_view->ensureWidgetVisible(editor, margin, margin);
 }

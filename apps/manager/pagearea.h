@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QScrollArea>
+#include <QWidget>
 
 class PageNotice;
+class QScrollArea;
 
 /// A page as large as it needs to be, in a view that scrolls where there is less room. Above the view stands
 /// what is special about the page: why it is locked, or that something on it cannot be read.
-class PageArea : public QScrollArea
+class PageArea : public QWidget
 {
     Q_OBJECT
 
@@ -32,16 +33,15 @@ Q_SIGNALS:
     void repairRequested();
 
 protected:
-    void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
     void createNotices();
-    void placeNotices();
+    void createView();
     void colorPage();
 
     QWidget *m_page = nullptr;
-    QWidget *m_notices;
     PageNotice *m_lock;
     PageNotice *m_repair;
+    QScrollArea *m_view;
 };

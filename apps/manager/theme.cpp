@@ -43,6 +43,8 @@ QString settingsKey()
 }
 
 Theme::Kind currentKind = Theme::Kind::System;
+Theme::Kind shownKind = Theme::Kind::System; // of a dark desktop it may be Dark
+bool desktopPrefersDark = false;
 
 /// The desktop's style; first asked for before another one is set.
 const QString &systemStyle()
@@ -62,6 +64,31 @@ QPalette paletteOf(Theme::Kind kind)
         break;
     }
     return {}; // with nothing set, it is the desktop's
+}
+
+void show(Theme::Kind kind)
+{
+    const QString &desktopStyle = systemStyle();
+    if (kind == shownKind)
+        return;
+    shownKind = kind;
+    QApplication::setStyle(kind == Theme::Kind::System ? QStyleFactory::create(desktopStyle) : new ThemeStyle);
+    QApplication::setPalette(paletteOf(kind));
+    // Tool tips have a palette of their own, which does not follow.
+    QToolTip::setPalette(QApplication::palette());
+}
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+void showDesktopsLook()
+{
+    // Only so does it tell whether its palette is dark.
+    show(Theme::Kind::System);
+    if (desktopPrefersDark && !isDark(QApplication::palette()))
+        show(Theme::Kind::Dark);
 }
 } // namespace
 
@@ -86,14 +113,19 @@ Theme::Kind Theme::current()
 
 void Theme::apply(Kind kind)
 {
-    const QString &desktopStyle = systemStyle();
-    if (kind == Kind::System && currentKind == Kind::System)
-        return;
     currentKind = kind;
-    QApplication::setStyle(kind == Kind::System ? QStyleFactory::create(desktopStyle) : new ThemeStyle);
-    QApplication::setPalette(paletteOf(kind));
-    // Tool tips have a palette of their own, which does not follow.
-    QToolTip::setPalette(QApplication::palette());
+    if (kind == Kind::System)
+        showDesktopsLook();
+    else
+        show(kind);
+}
+
+void Theme::followDesktop(bool prefersDark)
+{
+    if (desktopPrefersDark == prefersDark)
+        return;
+    desktopPrefersDark = prefersDark;
+    apply(currentKind);
 }
 
 void Theme::choose(Kind kind)

@@ -1,4 +1,4 @@
-"""The mouse and the keyboard."""
+"""The mouse, the keyboard and the screen."""
 
 import contextlib
 import subprocess
@@ -45,6 +45,14 @@ def write(text):
 def replace(text):
     press("ctrl+a")
     write(text)
+
+
+def brightness(node):
+    """Of its place on the screen, on the average, from 0 for black to 255."""
+    with contextlib.closing(display.Display()) as screen:
+        pixels = screen.screen().root.get_image(*node.box, X.ZPixmap, 0xFFFFFF).data
+    colours = [value for place, value in enumerate(pixels) if place % 4 != 3]
+    return sum(colours) / len(colours)
 
 
 def popup_menus():

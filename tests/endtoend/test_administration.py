@@ -78,7 +78,7 @@ class Administration(TestCase):
         self.wait_value(days, 90)
         self.wait_changes(manager, 1)
         self.assertEqual("", days.description)
-        self.choose_with_key(notify, REVERT, "Menu")
+        self.choose_with_key(notify, REVERT, "shift+F10")
         self.wait_value(notify, 14)
         self.wait_changes(manager, 0)
 
@@ -183,6 +183,7 @@ class Administration(TestCase):
         page = manager.pages().find("list item", "Пользователи")
         wait_for(lambda: page.description == "Закрыта для операторов", lambda: page.description)
         wait_for(lambda: not days.is_("enabled"), "the editor to be locked")
+        manager.window.find("label", "Администратор закрыл эту страницу для операторов…")
         click(days)
         write("5")
         self.assertEqual("audit", self.ctl.history()[-1]["reason"])
@@ -218,6 +219,7 @@ class Administration(TestCase):
         manager = self.start()
         manager.find("check box", "С ошибками (1)")
         self.open_page(manager, "Сотрудники")
+        manager.window.find("label", "Запись «Сложность пин-кода» в базе данных не читается целиком…")
         words = "Текст не читается как объект JSON. Исправить запись можно в контекстном меню."
         wait_for(lambda: words in manager.editor("Минимальная длина").description, "the mark of the problem")
         return manager

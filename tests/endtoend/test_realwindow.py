@@ -7,7 +7,8 @@ import unittest
 
 import programs
 from accessibility import PATIENCE, wait_for
-from devices import WHEEL_DOWN, click, press, replace, write
+from desktopportal import DARK, NO_WISH, Portal
+from devices import WHEEL_DOWN, brightness, click, press, replace, write
 from programs import FOLDER, TestCase
 
 DAYS = "Срок действия пароля (дней)"
@@ -302,6 +303,23 @@ class RealWindow(TestCase):
         self.assertEqual(60, days.value)
         wait_for(lambda: days.description == "Changed. Saved: 90.", lambda: days.description)
         manager.find("label", "Settings changed: 1")
+
+    def test_a_dark_desktop_is_followed(self):
+        portal = Portal(DARK)
+        manager = self.start()
+
+        def wait_look(is_dark):
+            wait_for(lambda: (brightness(manager.window) < 128) == is_dark, lambda: brightness(manager.window))
+
+        wait_look(is_dark=True)
+        portal.change(NO_WISH)
+        wait_look(is_dark=False)
+        portal.change(DARK)
+        wait_look(is_dark=True)
+        for entry in ("Вид", "Оформление", "Светлое"):
+            click(manager.find("menu item", entry))
+        wait_look(is_dark=False)
+        portal.change(NO_WISH)
 
     def test_in_english(self):
         manager = self.start("--language", "en")

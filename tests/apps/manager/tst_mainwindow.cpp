@@ -816,7 +816,7 @@ void TestMainWindow::nothingIsCutOff()
     const TestDatabase database;
     const Window window(database);
     window.window->resize(1024, 700);
-    auto *area = qobject_cast<QScrollArea *>(window.go(DBGroups(group)));
+    auto *area = window.go(DBGroups(group))->findChild<QScrollArea *>();
     QTRY_VERIFY(!area->verticalScrollBar()->isVisible());
 
     QStringList cutCaptions;
@@ -856,7 +856,7 @@ void TestMainWindow::noPageScrolls()
     const Window window(database, &translations);
     QCOMPARE(window.window->size(), QSize(1024, 700));
     for (const SettingsPageName &page : settingsPages) {
-        auto *area = qobject_cast<QScrollArea *>(window.go(page.group));
+        auto *area = window.go(page.group)->findChild<QScrollArea *>();
         QTRY_VERIFY2(!area->horizontalScrollBar()->isVisible() && !area->verticalScrollBar()->isVisible(), page.name);
     }
     QVERIFY(!window.list()->verticalScrollBar()->isVisible());
@@ -923,7 +923,7 @@ void TestMainWindow::aSearchScrollsAndUnfolds()
     for (auto *frame : window.page()->findChildren<VXSettingsGroupWidget *>())
         frame->collapse();
     window.window->showParameter({PIN_STRENGTH, json::MIN_LEN});
-    const auto *area = qobject_cast<QScrollArea *>(window.page());
+    const auto *area = window.page()->findChild<QScrollArea *>();
     const QWidget *editor = window.session.editor({PIN_STRENGTH, json::MIN_LEN});
     QVERIFY(editor->isVisible());
     const QRect seen(editor->mapTo(area->viewport(), QPoint()), editor->size());

@@ -1,3 +1,4 @@
+#include "accessdialog.h"
 #include "conflictdialog.h"
 #include "historydialog.h"
 #include "host/testdatabase.h"
@@ -5,12 +6,15 @@
 #include "mainwindow.h"
 #include "messages.h"
 #include "pagelist.h"
+#include "repairdialog.h"
 #include "reviewdialog.h"
 #include "savequestions.h"
 #include "sessionwait.h"
 
 #include <host/hostenvironment.h>
+#include <host/installationdatabase.h>
 #include <host/settingspages.h>
+#include <host/settingssession.h>
 #include <host/translations.h>
 
 #include <vxsettings/dbkeys.h>
@@ -28,10 +32,25 @@
 #include <QTimer>
 
 #include <functional>
+#include <stdexcept>
 
 using namespace db::database;
 
 namespace {
+
+/// An installation that has been loaded.
+struct Loaded
+{
+    Loaded()
+    {
+        if (SessionWait::load(session))
+            throw std::runtime_error("nothing was loaded");
+    }
+
+    TestDatabase file;
+    InstallationDatabase database{DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample};
+    SettingsSession session{database};
+};
 
 /// The letters to which more than one of @p texts would answer.
 QStringList clashes(const QStringList &texts)
@@ -147,11 +166,8 @@ void TestMnemonics::inTheWindow()
     QFETCH(QString, language);
     Translations translations("vxsettings-manager");
     QVERIFY(translations.setLanguage(language));
-    const TestDatabase file;
-    InstallationDatabase database(DatabaseLocation::ofFile(file.path()), InstallationDatabase::Missing::CreateSample);
-    SettingsSession session(database);
-    QVERIFY(!SessionWait::load(session));
-    MainWindow window(database, session, &translations);
+    Loaded installation;
+    MainWindow window(installation.database, installation.session, &translations);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QCOMPARE(menuClashes(*window.menuBar()), QStringList());
@@ -176,6 +192,15 @@ void TestMnemonics::inDialogs()
     QCOMPARE(clashes(labelled(history)), QStringList());
     const ConflictDialog conflict({{{MOBILE_HOST}, "base", "theirs", "mine", {}}, {{MOBILE_PORT}, "1", "2", "3", {}}});
     QCOMPARE(clashes(labelled(conflict)), QStringList());
+    const RepairDialog repair("caption", "problem", "stored", "repaired");
+    QCOMPARE(clashes(labelled(repair)), QStringList());
+    Loaded installation;
+    const AccessDialog access(installation.session);
+    // One of them is only there where others have stored something else meanwhile.
+    for (auto *button : access.findChildren<QAbstractButton *>())
+        button->show();
+    QVERIFY(labelled(access).count() > 12); // the pages at least
+    QCOMPARE(clashes(labelled(access)), QStringList());
     for (const auto purpose : {ImportDialog::Purpose::Import, ImportDialog::Purpose::Compare}) {
         const ImportDialog import({}, "a.json", purpose);
         QCOMPARE(clashes(labelled(import)), QStringList());

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void outlinesStandOut();
     void theFocusStandsOut_data() { kinds(); }
     void theFocusStandsOut();
+    void aDarkDesktopIsFollowed();
 
 private:
     static void kinds();
@@ -154,6 +155,27 @@ void TestTheme::theFocusStandsOut()
             QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
         QVERIFY2(highlighted(widget) > without + widget->height(), widget->metaObject()->className());
     }
+}
+
+void TestTheme::aDarkDesktopIsFollowed()
+{
+    const auto isDark = [] { return QApplication::palette().color(QPalette::Window).lightness() < 128; };
+    Theme::apply(Theme::Kind::System);
+    QVERIFY(!isDark());
+    Theme::followDesktop(true);
+    QVERIFY(isDark());
+    QCOMPARE(Theme::current(), Theme::Kind::System);
+    Theme::apply(Theme::Kind::Light);
+    QVERIFY(!isDark());
+    Theme::apply(Theme::Kind::System);
+    QVERIFY(isDark());
+    Theme::followDesktop(false);
+    QVERIFY(!isDark());
+    Theme::apply(Theme::Kind::Dark);
+    QVERIFY(isDark());
+    Theme::followDesktop(true);
+    Theme::followDesktop(false);
+    QVERIFY(isDark());
 }
 
 QTEST_MAIN(TestTheme)

@@ -78,13 +78,11 @@ QString quoted(const QString &text)
     return QString::fromUtf8(array.mid(1, array.size() - 2));
 }
 
-/// Moves the one of @p written that is read as @p value behind the others.
+/// Moves what of @p written is read as @p value behind the others.
 void putLast(const QJsonValue &value, QStringList &written)
 {
-    const auto isRead = [&value](const QString &text) { return parsed(text) == value; };
-    const auto found = std::find_if(written.rbegin(), written.rend(), isRead);
-    if (found != written.rend())
-        std::rotate(found.base() - 1, found.base(), written.end());
+    std::stable_partition(written.begin(), written.end(),
+                          [&value](const QString &text) { return parsed(text) != value; });
 }
 } // namespace
 

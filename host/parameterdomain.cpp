@@ -173,23 +173,16 @@ QString reference(const Parameter &, const QString &words)
     return words.isEmpty() ? QStringLiteral("0") : plainNumber(words);
 }
 
+/// In the order of Presence.
+constexpr Kind presenceProblems[] = {Kind::ObjectGone, Kind::ObjectOfOtherType, Kind::ObjectNotGranted, Kind::None};
+
 Kind referenceProblem(const Parameter &parameter, const QString &stored)
 {
     if (stored.isEmpty() || stored == QLatin1String("0"))
         return Kind::None; // nothing is chosen
     if (!isWholeNumber(stored))
         return Kind::NotANumber;
-    switch (presence(parameter, stored.toUInt())) {
-    case Presence::Gone:
-        return Kind::ObjectGone;
-    case Presence::OtherType:
-        return Kind::ObjectOfOtherType;
-    case Presence::NotGranted:
-        return Kind::ObjectNotGranted;
-    case Presence::Choosable:
-        return Kind::None;
-    }
-    Q_UNREACHABLE();
+    return presenceProblems[int(presence(parameter, stored.toUInt()))];
 }
 
 QString shownReference(const Parameter &parameter, const QVariant &stored)
@@ -281,7 +274,9 @@ QString ParameterDomain::stored(const QString &words) const
 QString ParameterDomain::storedFlag(const QString &words)
 {
     for (const FlagWord &known : flagWords) {
-        if (areAlike(words, QString::fromUtf8(known.word)) || areAlike(words, tr(known.word)))
+        const QString word = QString::fromUtf8(known.word);
+        const QString translated = tr(known.word);
+        if (areAlike(words, word) || areAlike(words, translated))
             return QString::fromLatin1(known.stored);
     }
     return words;

@@ -5,7 +5,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QVector>
+
+#include <algorithm>
 
 using vantorix::ObjectRecord;
 
@@ -21,26 +24,20 @@ namespace {
 struct AddedColumns
 {
     int version;
-    QString table;
-    QStringList names;
+    const char *table;
+    const char *names;
 };
 
-QStringList words(const char *text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '));
-}
+// clang-format off
+constexpr AddedColumns addedColumns[] = {
+    {1, "settings", "key value"},
+    {1, "objects",  "data_name uid parent_uid type name granted"},
+    {2, "settings", "revision changed_at changed_by workstation program"},
+    {2, "history",  "id save_id key revision old_value new_value changed_at changed_by workstation program reason"},
+};
+// clang-format on
 
-const QVector<AddedColumns> &addedColumns()
-{
-    static const QVector<AddedColumns> columns{
-        {1, QStringLiteral("settings"), words("key value")},
-        {1, QStringLiteral("objects"), words("data_name uid parent_uid type name granted")},
-        {2, QStringLiteral("settings"), words("revision changed_at changed_by workstation program")},
-        {2, QStringLiteral("history"),
-         words("id save_id key revision old_value new_value changed_at changed_by workstation program reason")},
-    };
-    return columns;
-}
+using TableColumns = QHash<QString, QStringList>; // by the table, which has none if it is not there
 
 /// What is put in different words to each engine.
 struct Dialect
@@ -115,25 +112,27 @@ std::optional<int> storedVersion(SqlConnection &connection)
     return version.isValid() ? std::optional<int>(qMax(1, version.toInt())) : std::nullopt;
 }
 
-/// Of a table; empty if there is no such table. Nothing if they could not be read.
-std::optional<QStringList> columnsOf(SqlConnection &connection, const QString &table)
+/// Of our tables. Nothing if they could not be read.
+std::optional<TableColumns> readColumns(SqlConnection &connection)
 {
-    QStringList columns;
-    auto rows = connection.select(QLatin1String(dialect(connection).selectColumns), {table});
-    while (rows && rows->next())
-        columns.append(rows->value(0).toString());
-    return connection.isComplete(rows) ? std::optional(columns) : std::nullopt;
+    TableColumns columns;
+    for (const AddedColumns &added : addedColumns) {
+        const QString table = QLatin1String(added.table);
+        QStringList names;
+        auto rows = connection.select(QLatin1String(dialect(connection).selectColumns), {table});
+        while (rows && rows->next())
+            names.append(rows->value(0).toString());
+        if (!connection.isComplete(rows))
+            return {};
+        columns.insert(table, names);
+    }
+    return columns;
 }
 
-/// Whether there is one of the tables. Nothing if they could not be asked for.
-std::optional<bool> hasTables(SqlConnection &connection)
+/// Whether one of our tables is there.
+bool isMade(const TableColumns &columns)
 {
-    for (const AddedColumns &columns : addedColumns()) {
-        const auto found = columnsOf(connection, columns.table);
-        if (!found || !found->isEmpty())
-            return found ? std::optional(true) : std::nullopt;
-    }
-    return false;
+    return std::any_of(columns.begin(), columns.end(), [](const QStringList &names) { return !names.isEmpty(); });
 }
 
 bool lock(SqlConnection &connection)
@@ -178,19 +177,17 @@ bool insertAllObjects(SqlConnection &connection, const QHash<QString, QVector<Ob
 }
 
 /// Why the tables are not even those of @p version.
-std::optional<DatabaseError> tableProblem(SqlConnection &connection, int version)
+std::optional<DatabaseError> tableProblem(const DatabaseLocation &location, const TableColumns &columns, int version)
 {
-    for (const AddedColumns &columns : addedColumns()) {
-        const auto found = columnsOf(connection, columns.table);
-        if (!found)
-            return connection.error();
-        QStringList missing = columns.names;
-        for (const QString &name : *found)
+    for (const AddedColumns &added : addedColumns) {
+        const QString table = QLatin1String(added.table);
+        QStringList missing = QString::fromLatin1(added.names).split(QLatin1Char(' '));
+        for (const QString &name : columns[table])
             missing.removeAll(name);
-        if (columns.version <= version && !missing.isEmpty())
-            return DatabaseError{connection.location().name(),
+        if (added.version <= version && !missing.isEmpty())
+            return DatabaseError{location.name(),
                                  Schema::tr("Это база данных с другой схемой: в таблице «%1» нет столбцов: %2.")
-                                     .arg(columns.table, missing.join(QStringLiteral(", "))),
+                                     .arg(table, missing.join(QStringLiteral(", "))),
                                  Schema::tr("Укажите базу данных настроек в параметре --database.")};
     }
     return {};
@@ -209,22 +206,23 @@ std::optional<DatabaseError> fileProblem(SqlConnection &connection)
     return {};
 }
 
-/// Whether the server's database can hold every text, and has tables of ours.
+/// Whether the server's database can hold every text.
 std::optional<DatabaseError> serverProblem(SqlConnection &connection)
 {
     const QString encoding = connection.selectOne(QStringLiteral("SHOW server_encoding")).toString();
-    const auto isMade = hasTables(connection);
-    if (encoding.isEmpty() || !isMade)
+    if (encoding.isEmpty())
         return connection.error();
     if (encoding != QLatin1String("UTF8"))
         return DatabaseError{connection.location().name(),
                              Schema::tr("Кодировка базы данных — %1, а не UTF8.").arg(encoding),
                              Schema::tr("Создайте на сервере базу данных в кодировке UTF8.")};
-    if (!*isMade)
-        return DatabaseError{connection.location().name(), Schema::tr("В базе данных нет таблиц настроек."),
-                             Schema::tr("Проверьте адрес или создайте таблицы: vxsettingsctl init."),
-                             DatabaseError::Kind::Missing};
     return {};
+}
+
+DatabaseError tablesAreMissing(const DatabaseLocation &location)
+{
+    return {location.name(), Schema::tr("В базе данных нет таблиц настроек."),
+            Schema::tr("Проверьте адрес или создайте таблицы: vxsettingsctl init."), DatabaseError::Kind::Missing};
 }
 } // namespace
 
@@ -237,12 +235,13 @@ std::optional<DatabaseError> Schema::create(SqlConnection &connection, const Ins
                                             const ChangeStamp &stamp)
 {
     SqlTransaction transaction(connection, SqlTransaction::Kind::Write);
-    const auto isMade = transaction.isActive() && lock(connection) ? hasTables(connection) : std::nullopt;
-    if (isMade.value_or(false))
+    const auto columns = transaction.isActive() && lock(connection) ? readColumns(connection) : std::nullopt;
+    if (columns && isMade(*columns))
         return DatabaseError{connection.location().name(), tr("В базе данных уже есть такие таблицы."),
                              tr("Она осталась как есть. Укажите другую в параметре --database."),
                              DatabaseError::Kind::Exists};
-    const bool done = isMade && runScripts(connection, 0) && insertSettings(connection, installation.settings, stamp) &&
+    const bool done = columns && runScripts(connection, 0) &&
+                      insertSettings(connection, installation.settings, stamp) &&
                       insertAllObjects(connection, installation.objects) && transaction.commit();
     if (!done)
         return connection.error();
@@ -268,7 +267,12 @@ std::optional<DatabaseError> Schema::problem(SqlConnection &connection)
     const bool isFile = connection.engine() == DatabaseLocation::Engine::Sqlite;
     if (auto problem = isFile ? fileProblem(connection) : serverProblem(connection))
         return problem;
-    if (auto problem = tableProblem(connection, 1))
+    const auto columns = readColumns(connection);
+    if (!columns)
+        return connection.error();
+    if (!isFile && !isMade(*columns))
+        return tablesAreMissing(connection.location());
+    if (auto problem = tableProblem(connection.location(), *columns, 1))
         return problem;
     const auto stored = storedVersion(connection);
     if (!stored)
@@ -278,5 +282,5 @@ std::optional<DatabaseError> Schema::problem(SqlConnection &connection)
             connection.location().name(),
             tr("Версия схемы базы данных %1, программа знает версии до %2.").arg(*stored).arg(version()),
             tr("Обновите программу.")};
-    return tableProblem(connection, *stored);
+    return tableProblem(connection.location(), *columns, *stored);
 }

@@ -59,11 +59,12 @@ const Index &index()
 /// The caption of the parameter that switches @p address on and off; null if there is none beside it.
 QString switchCaption(const SettingAddress &address)
 {
+    QString caption;
     for (const QString &parameter : DBSettingsHelper::groupParams(address.group())) {
         if (DBSettingsHelper::paramChilds(parameter).contains(address.parameter()))
-            return DBSettingsHelper::paramName(parameter);
+            caption = DBSettingsHelper::paramName(parameter);
     }
-    return {};
+    return caption;
 }
 
 /// What tells @p address apart from the others of the same @p caption; null if there are none.

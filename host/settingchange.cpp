@@ -14,7 +14,7 @@ namespace {
 QString valueOf(const JsonMembers &members, const QString &name)
 {
     if (const auto scalar = members.scalar(name))
-        return scalar->isNull() ? QStringLiteral("") : *scalar;
+        return *scalar;
     return members.contains(name) ? members.written(name).constLast() : QString();
 }
 

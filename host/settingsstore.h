@@ -16,6 +16,7 @@
 #include <optional>
 
 class SqlConnection;
+class SqlTransaction;
 
 /// A connection to an installation database, in a file or on a server.
 ///
@@ -84,7 +85,7 @@ private:
     std::optional<QStringList> forbiddenKeys(const SaveOrder &order);
     SaveResult write(const SaveOrder &order, const std::function<bool()> &mayCommit);
     bool isRefusal(const DatabaseError &error) const;
-    bool writeAnything();
+    bool commitAnything(SqlTransaction &transaction);
     bool readSettings(Installation &installation);
     bool readObjects(Installation &installation);
 

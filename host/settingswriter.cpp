@@ -23,7 +23,8 @@ const QString selectRevision = QStringLiteral("SELECT revision FROM settings WHE
 
 bool isSecret(const QString &key)
 {
-    return SettingAddress{key}.isKnown() && SettingWords::isSecret(key);
+    const SettingAddress address{key};
+    return address.isKnown() && SettingWords::isSecret(key);
 }
 
 /// NULL stands for what is not told or not there, in the history as well.

@@ -25,10 +25,12 @@ const QString serverOptions = QStringLiteral("connect_timeout=5;client_encoding=
 /// holds the others up for half a minute at most. What the server's settings say of durability, a save that was
 /// acknowledged survives a power cut.
 const QString serverSettings = QStringLiteral(
-    "SET lock_timeout = '250ms'; SET idle_in_transaction_session_timeout = '30s'; SET client_min_messages = 'error'; "
-    "SELECT set_config('synchronous_commit', 'on', false) WHERE current_setting('synchronous_commit') = 'off'");
+    "SELECT set_config('lock_timeout', '250ms', false), "
+    "set_config('idle_in_transaction_session_timeout', '30s', false), "
+    "set_config('client_min_messages', 'error', false), "
+    "set_config('synchronous_commit', replace(current_setting('synchronous_commit'), 'off', 'on'), false)");
 
-const QString readOnly = QStringLiteral("SET default_transaction_read_only = on");
+const QString readOnly = QStringLiteral(", set_config('default_transaction_read_only', 'on', false)");
 
 QString driverName(Engine engine)
 {
@@ -160,7 +162,7 @@ void SqlConnection::openServer(Mode mode)
     m_database.setConnectOptions(serverOptions);
     if (!m_database.open())
         remember(m_database.lastError());
-    else if (!select(serverSettings) || (mode == Mode::ReadOnly && !execute(readOnly)))
+    else if (!select(mode == Mode::ReadOnly ? serverSettings + readOnly : serverSettings))
         m_database.close();
 }
 
@@ -211,6 +213,6 @@ bool SqlConnection::runWithLiterals(QSqlQuery &query, const QString &statement, 
 
 void SqlConnection::remember(const QSqlError &error)
 {
-    const bool isLost = engine() == Engine::PostgreSql && (!isOpen() || !ServerLink(m_database).isAlive());
+    const bool isLost = engine() == Engine::PostgreSql && !isOpen();
     m_error = SqlErrorWords::error(m_location, error, isLost);
 }

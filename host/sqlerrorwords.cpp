@@ -113,7 +113,7 @@ DatabaseError SqlErrorWords::serverError(const DatabaseLocation &location, const
 {
     // What a server says of a statement may quote a value, what it says of a connection does not.
     const QString state = error.nativeErrorCode();
-    const Words words = isLost && state.isEmpty() ? lostServer : wordsOfState(state);
+    const Words words = isLost ? lostServer : wordsOfState(state);
     const QString details = isLost ? error.databaseText().section(QLatin1Char('\n'), 0, 0) : state;
     return {location.name(), QStringLiteral("%1 (PostgreSQL: %2)").arg(tr(words.reason), details), tr(words.advice),
             isLost ? Kind::Disconnected : words.kind};

@@ -11,7 +11,7 @@ mapfile -t builds < <(git ls-files --cached --others --exclude-standard '*CMakeL
 clang-format --dry-run --Werror "${sources[@]}"
 shellcheck "${scripts[@]}"
 cmake-lint --config-files .cmake-format.yaml --suppress-decorations -- "${builds[@]}"
-git ls-files -z --cached --others --exclude-standard ':!*.ts' ':!*.svg' ':!*.png' ':!*.abi' | xargs -0 codespell --ignore-words-list=canbe,hastables,childs,childrens
+git ls-files -z --cached --others --exclude-standard ':!*.ts' ':!*.svg' ':!*.png' ':!*.abi' | xargs -0 codespell --ignore-words-list=canbe,childs,childrens
 scripts/check-translations.sh
 scripts/check-licence.sh
 echo "${#sources[@]} sources, ${#scripts[@]} scripts and ${#builds[@]} build files are clean"

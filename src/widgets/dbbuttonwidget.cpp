@@ -49,9 +49,7 @@ void DBButtonWidget::retranslate()
 
 void DBButtonWidget::editKey()
 {
-    auto *button = qobject_cast<QWidget *>(sender());
-    if (!button)
-        return;
+    auto *button = static_cast<QWidget *>(sender());
     // The page may be closed while the dialog is open; the dialog then goes with its button.
     const QPointer<SmartCardKeyDialog> dialog = new SmartCardKeyDialog(button);
     dialog->setKey(button->property(keyProperty).toString());

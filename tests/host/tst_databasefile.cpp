@@ -7,6 +7,33 @@
 #include <QTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr uid_t nobody = 65534;
+
+/// For its lifetime, a program of root has the rights of nobody, or meets them where it asks whether it has rights.
+class RightsOfNobody
+{
+public:
+    enum class Where { WhenAsking, WhenActing };
+
+    explicit RightsOfNobody(Where where)
+    {
+        const uid_t unchanged = uid_t(-1);
+        const bool isAsking = where == Where::WhenAsking;
+        if (geteuid() == 0 && setreuid(isAsking ? nobody : unchanged, isAsking ? unchanged : nobody) != 0)
+            throw std::runtime_error("the rights cannot be given up");
+    }
+    ~RightsOfNobody()
+    {
+        if (getuid() != geteuid() && (seteuid(0) != 0 || setreuid(0, 0) != 0))
+            qFatal("the rights cannot be taken back");
+    }
+    Q_DISABLE_COPY(RightsOfNobody)
+};
+} // namespace
 
 class TestDatabaseFile : public QObject
 {
@@ -17,6 +44,9 @@ private Q_SLOTS:
     void problem_data();
     void problem();
     void aFileThatStartsLikeADatabaseHasNone();
+    void rightsThatAreMissingAreAProblem_data();
+    void rightsThatAreMissingAreAProblem();
+    void aFileThatCannotBeReadAfterAllIsNoDatabase();
     void aPipeInThePlaceOfALogIsAProblem_data();
     void aPipeInThePlaceOfALogIsAProblem();
     void createdFileBelongsToItsOwnerAlone();
@@ -24,6 +54,7 @@ private Q_SLOTS:
     void foldersAreMade();
     void failedFillLeavesNothing();
     void aFileThatAppearedMeanwhileStays();
+    void aDraftThatIsTakenAwayIsAnError();
     void aLogOfAnotherDatabaseIsNotTakenIn_data();
     void aLogOfAnotherDatabaseIsNotTakenIn();
     void createFails_data();
@@ -83,6 +114,51 @@ void TestDatabaseFile::aFileThatStartsLikeADatabaseHasNone()
     const TestDatabase place;
     place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
     QVERIFY(!DatabaseFile(place.path()).problem());
+}
+
+void TestDatabaseFile::rightsThatAreMissingAreAProblem_data()
+{
+    QTest::addColumn<int>("ofFile");
+    QTest::addColumn<int>("ofFolder");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("file that cannot be read") << 0200 << 0700 << "Нет прав на чтение файла.";
+    QTest::newRow("file that cannot be written") << 0400 << 0700 << "Файл доступен только для чтения.";
+    QTest::newRow("folder that cannot be written") << 0600 << 0500 << "Папка файла доступна только для чтения.";
+    QTest::newRow("nothing is missing") << 0600 << 0700 << "";
+}
+
+void TestDatabaseFile::rightsThatAreMissingAreAProblem()
+{
+    QFETCH(int, ofFile);
+    QFETCH(int, ofFolder);
+    QFETCH(QString, reason);
+    const TestDatabase place;
+    place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
+    for (const auto &[path, mode] : {std::pair(place.path(), ofFile), std::pair(place.folder(), ofFolder)}) {
+        const QByteArray name = path.toUtf8();
+        QVERIFY(geteuid() != 0 || chown(name.constData(), nobody, gid_t(-1)) == 0);
+        QCOMPARE(chmod(name.constData(), mode_t(mode)), 0);
+    }
+    {
+        const RightsOfNobody rights(RightsOfNobody::Where::WhenAsking);
+        const auto problem = DatabaseFile(place.path()).problem();
+        QCOMPARE(problem ? problem->reason : QString(), reason);
+    }
+    QCOMPARE(chmod(place.folder().toUtf8().constData(), 0700), 0);
+}
+
+void TestDatabaseFile::aFileThatCannotBeReadAfterAllIsNoDatabase()
+{
+    if (geteuid() != 0)
+        QSKIP("Only root can have rights and lack them");
+    const TestDatabase place;
+    place.setBytes(QByteArray("SQLite format 3\0 and so on", 26));
+    QCOMPARE(chmod(place.folder().toUtf8().constData(), 0755), 0);
+    QCOMPARE(chmod(place.path().toUtf8().constData(), 0600), 0);
+    const RightsOfNobody rights(RightsOfNobody::Where::WhenActing);
+    const auto problem = DatabaseFile(place.path()).problem();
+    QVERIFY(problem);
+    QCOMPARE(problem->reason, QString("Файл не является базой данных SQLite."));
 }
 
 void TestDatabaseFile::aPipeInThePlaceOfALogIsAProblem_data()
@@ -163,6 +239,18 @@ void TestDatabaseFile::aFileThatAppearedMeanwhileStays()
     QCOMPARE(error->kind, DatabaseError::Kind::Exists);
     QCOMPARE(place.bytes(), QByteArray("of somebody else"));
     QCOMPARE(place.files(), QStringList{"installation.db"});
+}
+
+void TestDatabaseFile::aDraftThatIsTakenAwayIsAnError()
+{
+    const TestDatabase place;
+    const auto error = DatabaseFile(place.path()).create([](const QString &path) {
+        return QFile::remove(path) ? std::nullopt : std::make_optional(DatabaseError());
+    });
+    QVERIFY(error);
+    QVERIFY2(error->reason.startsWith("Не удаётся создать файл"), qPrintable(error->reason));
+    QCOMPARE(error->kind, DatabaseError::Kind::Refused);
+    QCOMPARE(place.files(), QStringList());
 }
 
 void TestDatabaseFile::aLogOfAnotherDatabaseIsNotTakenIn_data()

@@ -25,6 +25,9 @@ private Q_SLOTS:
     void severalProgramsMigrateAtOnce();
     void anOlderProgramThatIsStillRunningIsNoticed();
     void aTableOfTheStoredVersionThatIsGoneIsAProblem();
+    void aBusyDatabaseIsNotMigrated_data();
+    void aBusyDatabaseIsNotMigrated();
+    void whatIsInTheWayIsAnError();
 };
 
 namespace {
@@ -242,6 +245,44 @@ void TestSchema::aTableOfTheStoredVersionThatIsGoneIsAProblem()
     const auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path()));
     QVERIFY(error);
     QVERIFY2(error->reason.contains("history"), qPrintable(error->reason));
+}
+
+void TestSchema::aBusyDatabaseIsNotMigrated_data()
+{
+    QTest::addColumn<QString>("begin"); // what another program is in the middle of
+    QTest::newRow("somebody writes") << "BEGIN IMMEDIATE";
+    QTest::newRow("somebody reads") << "BEGIN";
+}
+
+void TestSchema::aBusyDatabaseIsNotMigrated()
+{
+    QFETCH(QString, begin);
+    const TestDatabase database;
+    makeVersion1(database);
+    database.execute("PRAGMA journal_mode = DELETE"); // no reader sees the state before a change that has ended
+    {
+        SqlConnection other(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+        QVERIFY(other.execute(begin));
+        QCOMPARE(other.selectOne("SELECT count(*) FROM settings").toInt(), 2);
+        SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+        const auto error = Schema::migrate(connection);
+        QVERIFY(error);
+        QCOMPARE(error->kind, DatabaseError::Kind::Busy);
+    }
+    QCOMPARE(database.ask("PRAGMA user_version").toInt(), 1);
+    QCOMPARE(loaded(database).settings.count(), 2);
+}
+
+void TestSchema::whatIsInTheWayIsAnError()
+{
+    const TestDatabase database;
+    database.setBytes({});
+    database.execute("CREATE TABLE history_save(a)"); // the name of an index
+    SqlConnection connection(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    const auto error = Schema::create(connection, {});
+    QVERIFY(error);
+    QVERIFY2(error->reason.contains("history_save"), qPrintable(error->reason));
+    QCOMPARE(database.ask("SELECT group_concat(name) FROM sqlite_master").toString(), QString("history_save"));
 }
 
 QTEST_MAIN(TestSchema)

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void between_data();
     void between();
     void theOrderOfThePages();
+    void anythingMakesADifference_data();
+    void anythingMakesADifference();
 };
 
 Q_DECLARE_METATYPE(SettingChange)
@@ -52,6 +54,9 @@ void TestSettingChange::between_data()
     QTest::newRow("members that come and go")
         << PIN_STRENGTH << R"({"min_len": "4"})"
         << R"({"zone": [1]})" << Changes{{pin("min_len"), "4", QString()}, {pin("zone"), QString(), "[1]"}};
+    QTest::newRow("a member that is emptied, and one that comes empty")
+        << PIN_STRENGTH << R"({"min_len": "4"})"
+        << R"({"min_len": "", "zone": ""})" << Changes{{pin("min_len"), "4", ""}, {pin("zone"), QString(), ""}};
     QTest::newRow("nothing was stored") << PIN_STRENGTH << QString() << R"({"min_len": "4"})"
                                         << Changes{{pin("min_len"), QString(), "4"}};
     QTest::newRow("what was stored cannot be read")
@@ -77,6 +82,23 @@ void TestSettingChange::theOrderOfThePages()
     for (const SettingChange &change : changes)
         addresses << change.address.text();
     QCOMPARE(addresses, (QStringList{"PT_PIN_STRENGTH.min_len", MOBILE_HOST, MOBILE_PORT, "PT_OTHER"}));
+}
+
+void TestSettingChange::anythingMakesADifference_data()
+{
+    QTest::addColumn<SettingChange>("other");
+    QTest::newRow("address") << SettingChange{{MOBILE_HOST}, "80", ""};
+    QTest::newRow("text before") << SettingChange{{MOBILE_PORT}, "81", ""};
+    QTest::newRow("text after") << SettingChange{{MOBILE_PORT}, "80", "81"};
+    QTest::newRow("nothing in the place of an empty text") << SettingChange{{MOBILE_PORT}, "80", QString()};
+}
+
+void TestSettingChange::anythingMakesADifference()
+{
+    QFETCH(SettingChange, other);
+    const SettingChange change{{MOBILE_PORT}, "80", ""};
+    QVERIFY(change == change);
+    QVERIFY(!(change == other));
 }
 
 QTEST_MAIN(TestSettingChange)

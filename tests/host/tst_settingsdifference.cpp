@@ -1,6 +1,7 @@
 #include <host/settingsdifference.h>
 
 #include <host/objectindex.h>
+#include <host/pageaccess.h>
 #include <host/sampleinstallation.h>
 #include <host/settingsdocument.h>
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void state();
     void errors_data();
     void errors();
+    void aBackupMayComeBeforeItsObjects();
     void whatIsOnlyStored();
     void rowsAreSorted();
     void anExportDiffersInNothing();
@@ -80,6 +82,10 @@ void TestSettingsDifference::state_data()
                                          << "5" << State::Invalid;
     QTest::newRow("caption in the place of a choice") << ENABLE_FACE_SCANNING << "Да"
                                                       << "0" << State::Invalid;
+    QTest::newRow("access with a stranger") << PageAccess::KEY << R"({"zone": true})"
+                                            << "{}" << State::Changed;
+    QTest::newRow("access with a number") << PageAccess::KEY << R"({"zone": true, "users": 1})"
+                                          << "{}" << State::Invalid;
     QTest::newRow("another version") << VERSION << "8"
                                      << "7" << State::Invalid;
 }
@@ -127,6 +133,15 @@ void TestSettingsDifference::errors()
     QFETCH(QString, key);
     QFETCH(QString, wanted);
     QTEST(SettingsDifference::rows({{key, wanted}}, {}, objects).first().error, "error");
+}
+
+void TestSettingsDifference::aBackupMayComeBeforeItsObjects()
+{
+    const auto rows = SettingsDifference::rows({{DEFAULT_DEPARTMENT, "77"}}, {}, objects);
+    QCOMPARE(rows.size(), 1);
+    QCOMPARE(rows.first().state, State::Changed);
+    QCOMPARE(rows.first().error, QString("Заявки: Подразделение по умолчанию: Объекта с таким номером нет. Допустим "
+                                         "номер объекта, который предлагает страница настроек, или 0: не выбран."));
 }
 
 void TestSettingsDifference::whatIsOnlyStored()

@@ -42,6 +42,9 @@ private Q_SLOTS:
     void aFolderThatCannotBeWrittenIsTold();
     void standing_data();
     void standing();
+    void anEditKnowsWhatItStartsFrom();
+    void anythingMakesADifference_data();
+    void anythingMakesADifference();
 
 private:
     QString folder() const { return m_home->path() + "/vxsettings/drafts"; }
@@ -295,6 +298,8 @@ void TestSettingsDraft::standing_data()
         << Standing::Current;
     QTest::newRow("a changed member") << DraftEdit{{PIN_STRENGTH, "min_len"}, "6", "4", 3} << R"({"min_len": "5"})"
                                       << qint64(4) << Standing::Changed;
+    QTest::newRow("an empty text came where nothing was")
+        << DraftEdit{{MOBILE_HOST}, "x", QString(), 0} << "" << qint64(1) << Standing::Changed;
     QTest::newRow("a new setting") << DraftEdit{{MOBILE_PORT}, "1", QString(), 0} << QString() << qint64(0)
                                    << Standing::Current;
 }
@@ -310,6 +315,32 @@ void TestSettingsDraft::standing()
     installation.revisions.insert(edit.address.key, revision);
     QTEST(edit.standing(installation), "standing");
     QVERIFY(!DraftEdit::words(edit.standing(installation)).isEmpty());
+}
+
+void TestSettingsDraft::anEditKnowsWhatItStartsFrom()
+{
+    const Installation stored{{{MOBILE_PORT, "80"}, {PIN_STRENGTH, R"({"min_len": 4})"}}, {}, {{MOBILE_PORT, 3}}};
+    QVERIFY(DraftEdit::of({MOBILE_PORT}, "81", stored) == (DraftEdit{{MOBILE_PORT}, "81", "80", 3}));
+    QVERIFY(DraftEdit::of({PIN_STRENGTH, "min_len"}, "5", stored) ==
+            (DraftEdit{{PIN_STRENGTH, "min_len"}, "5", "4", 0}));
+    QVERIFY(DraftEdit::of({MOBILE_HOST}, "x", stored) == (DraftEdit{{MOBILE_HOST}, "x", QString(), 0}));
+}
+
+void TestSettingsDraft::anythingMakesADifference_data()
+{
+    QTest::addColumn<DraftEdit>("other");
+    QTest::newRow("address") << DraftEdit{{MOBILE_HOST}, "81", "80", 3};
+    QTest::newRow("text") << DraftEdit{{MOBILE_PORT}, "82", "80", 3};
+    QTest::newRow("base") << DraftEdit{{MOBILE_PORT}, "81", "", 3};
+    QTest::newRow("revision") << DraftEdit{{MOBILE_PORT}, "81", "80", 4};
+}
+
+void TestSettingsDraft::anythingMakesADifference()
+{
+    QFETCH(DraftEdit, other);
+    const DraftEdit edit{{MOBILE_PORT}, "81", "80", 3};
+    QVERIFY(edit == edit);
+    QVERIFY(!(edit == other));
 }
 
 QTEST_MAIN(TestSettingsDraft)

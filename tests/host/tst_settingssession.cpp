@@ -35,6 +35,7 @@ const SettingAddress mobileHost{MOBILE_HOST};
 const SettingAddress mobilePort{MOBILE_PORT};
 const SettingAddress denyEqual{PIN_STRENGTH, json::DENY_EQUAL};
 const SettingAddress maxLen{PIN_STRENGTH, json::MAX_LEN};
+const SettingAddress minLen{PIN_STRENGTH, json::MIN_LEN};
 
 InstallationDatabase::Limits quickLimits()
 {
@@ -206,6 +207,12 @@ private Q_SLOTS:
     void aRepairReplacesOnlyWhatWasSeen();
     void anUndoneRepairReplacesNothing();
     void aClosedWindowHasNoChanges();
+    void aPageThatIsClosedAnswersNothing();
+    void whatIsShownAsItIsStoredReplacesNothing();
+    void aRepairIsSavedWithOtherEdits();
+    void membersOfOneSettingAreOneConflict();
+    void aPageMayBeClosedDuringItsSave();
+    void accessIsSavedByItself();
     void theSessionMayGoFirst();
     void secretsReachNoLog();
 };
@@ -1158,6 +1165,110 @@ void TestSettingsSession::aClosedWindowHasNoChanges()
     QVERIFY(host.session->shownText({MAX_CARD_COUNT}).isNull());
     host.session->revert();
     QCOMPARE(host.save().outcome, Outcome::NothingToDo);
+}
+
+void TestSettingsSession::aPageThatIsClosedAnswersNothing()
+{
+    const TestDatabase database;
+    makeSample(database, {{PIN_STRENGTH, R"({"min_len":4})"}});
+    Host host(database);
+    QVERIFY(!host.session->editor(mobileHost));
+    QVERIFY(!host.session->isChanged(mobileHost));
+    QVERIFY(!host.session->replaceStored(mobileHost, "mine"));
+    QVERIFY(!host.session->isReplacing(mobileHost));
+    host.session->repair(PIN_STRENGTH);
+    host.session->revert(mobileHost);
+    QVERIFY(!host.session->hasChanges());
+    QCOMPARE(host.session->replacing(), QVector<SettingAddress>());
+    QCOMPARE(host.session->repairedText(PIN_STRENGTH), QString("{\n    \"min_len\": 4\n}\n"));
+    QVERIFY(!host.session->isUnreadable("PT_OTHER"));
+}
+
+void TestSettingsSession::whatIsShownAsItIsStoredReplacesNothing()
+{
+    const TestDatabase database;
+    makeSample(database, {{MOBILE_HOST, "stored"}, {MOBILE_PORT, "80"}});
+    Host host(database);
+    host.open(DBGroups::Connection);
+    QVERIFY(host.session->replaceStored(mobileHost, "stored"));
+    QVERIFY(!host.session->isReplacing(mobileHost));
+    QVERIFY(!host.session->replaceStored(mobilePort, "99999999")); // is shown as the highest port
+    QVERIFY(!host.session->isReplacing(mobilePort));
+    QVERIFY(host.session->replaceStored(mobileHost, "mine"));
+    QVERIFY(host.session->isReplacing(mobileHost));
+    QCOMPARE(host.session->replacing(), QVector<SettingAddress>{mobileHost});
+}
+
+void TestSettingsSession::aRepairIsSavedWithOtherEdits()
+{
+    const TestDatabase database;
+    makeSample(database, {{PIN_STRENGTH, "spoilt"}});
+    Host host(database);
+    host.type({MAX_CARD_COUNT}, "9");
+    host.session->repair(PIN_STRENGTH);
+    QCOMPARE(host.save().outcome, Outcome::Saved);
+    QCOMPARE(database.stored(MAX_CARD_COUNT), QString("9"));
+    QVERIFY(!host.session->isUnreadable(PIN_STRENGTH));
+}
+
+void TestSettingsSession::membersOfOneSettingAreOneConflict()
+{
+    const TestDatabase database;
+    makeSample(database, {{PIN_STRENGTH, R"({"min_len": "4", "max_len": "8"})"}});
+    Host mine(database);
+    mine.type(minLen, "5");
+    mine.type(maxLen, "9");
+    mine.type(mobileHost, "mine");
+    database.store(PIN_STRENGTH, R"({"min_len": "6", "max_len": "10"})");
+    database.store(MOBILE_HOST, "theirs");
+    const SaveResult result = mine.save();
+    QCOMPARE(result.outcome, Outcome::Conflicting);
+    QStringList keys;
+    for (const SettingConflict &conflict : result.conflicts)
+        keys << conflict.key;
+    keys.sort();
+    QCOMPARE(keys, (QStringList{MOBILE_HOST, PIN_STRENGTH}));
+    QCOMPARE(mine.session->conflicts().count(), 3);
+}
+
+void TestSettingsSession::aPageMayBeClosedDuringItsSave()
+{
+    const TestDatabase database;
+    makeSample(database, {{PIN_STRENGTH, R"({"min_len": "4", "max_len": "8"})"}});
+    Host host(database);
+    host.type(maxLen, "9");
+    database.store(PIN_STRENGTH, R"({"min_len": "6", "max_len": "8"})"); // the save is merged with it
+    host.session->save();
+    host.window.reset();
+    QCOMPARE(host.saved().outcome, Outcome::Saved);
+    QCOMPARE(database.stored(PIN_STRENGTH), QString("{\n    \"max_len\": \"9\",\n    \"min_len\": \"6\"\n}\n"));
+    QVERIFY(!host.session->hasChanges());
+}
+
+void TestSettingsSession::accessIsSavedByItself()
+{
+    const TestDatabase database;
+    Host host(database);
+    QVERIFY(host.session->isLoaded());
+    QVector<Outcome> outcomes;
+    const auto note = [&outcomes](const SaveResult &result) { outcomes.append(result.outcome); };
+    const QString closed = R"({"users": false})";
+    host.session->saveAccess(closed, 0, {}, note);
+    QTRY_COMPARE(outcomes, QVector<Outcome>{Outcome::Saved});
+    QCOMPARE(database.stored(PageAccess::KEY), closed);
+    QVERIFY(!host.session->mayEdit(DBGroups::Users));
+
+    database.store(PageAccess::KEY, R"({"employees": false})");
+    host.session->saveAccess("{}", 1, {}, note);
+    QTRY_COMPARE(outcomes, (QVector<Outcome>{Outcome::Saved, Outcome::Conflicting}));
+    QVERIFY(host.session->mayEdit(DBGroups::Users));
+    QVERIFY(!host.session->mayEdit(DBGroups::Employees));
+    QCOMPARE(database.stored(PageAccess::KEY), QString(R"({"employees": false})"));
+
+    host.session->saveAccess("{}", 2, {}, note);
+    host.session.reset();
+    QTRY_COMPARE(database.stored(PageAccess::KEY), QString("{}"));
+    QCOMPARE(outcomes.count(), 2);
 }
 
 void TestSettingsSession::theSessionMayGoFirst()

@@ -8,6 +8,9 @@
 
 #include <sys/stat.h>
 
+#include <thread>
+#include <vector>
+
 class TestSettingsStore : public QObject
 {
     Q_OBJECT
@@ -38,6 +41,15 @@ private Q_SLOTS:
     void halfAChangeOfAKilledProgramIsTakenBack();
     void aCopyHoldsWhatTheOriginalHolds();
     void aBadDatabaseIsNotCopied();
+    void aCopyReplacesNothing();
+    void aPathThatIsTooLongIsAnError();
+    void severalProgramsCreateTheSampleAtOnce();
+    void aDatabaseThatSomebodyReadsIsNotPrepared();
+    void aSaveThatIsGivenUpWritesNothing();
+    void aTableThatGoesIsAnErrorOfASave_data();
+    void aTableThatGoesIsAnErrorOfASave();
+    void aHistoryThatGoesTellsNoOutcome();
+    void aFileHasNoNewsOfItsOwn();
 };
 
 namespace {
@@ -483,6 +495,137 @@ void TestSettingsStore::aBadDatabaseIsNotCopied()
     const TestDatabase copy;
     QVERIFY(SettingsStore::copy(database.path(), copy.path()));
     QCOMPARE(copy.files(), QStringList());
+}
+
+void TestSettingsStore::aCopyReplacesNothing()
+{
+    const TestDatabase database;
+    makeSample(database);
+    const TestDatabase copy;
+    makeForeign(copy);
+    const QByteArray before = copy.bytes();
+    const auto error = SettingsStore::copy(database.path(), copy.path());
+    QVERIFY(error);
+    QVERIFY(!error->reason.isEmpty());
+    QCOMPARE(copy.bytes(), before);
+}
+
+void TestSettingsStore::aPathThatIsTooLongIsAnError()
+{
+    // SQLite takes paths of 512 bytes.
+    const TestDatabase place;
+    const QString folder = place.folder() + ("/" + QString(200, 'x')).repeated(3);
+    const auto location = DatabaseLocation::ofFile(folder + "/installation.db");
+    const auto created = SettingsStore::create(location, {});
+    QVERIFY(created);
+    QVERIFY2(created->reason.startsWith("Файл базы данных не открывается."), qPrintable(created->reason));
+    QVERIFY(QDir(folder).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+
+    const TestDatabase sample;
+    makeSample(sample);
+    QVERIFY(QFile::copy(sample.path(), location.filePath()));
+    const auto opened = SettingsStore().open(location);
+    QVERIFY(opened);
+    QVERIFY2(opened->reason.startsWith("Файл базы данных не открывается."), qPrintable(opened->reason));
+    QCOMPARE(opened->path, location.filePath());
+}
+
+void TestSettingsStore::severalProgramsCreateTheSampleAtOnce()
+{
+    const TestDatabase database;
+    std::vector<QString> errors(8);
+    std::vector<std::thread> programs;
+    for (QString &text : errors) {
+        programs.emplace_back([&text, &database] {
+            if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
+                text = error->text();
+        });
+    }
+    for (std::thread &program : programs)
+        program.join();
+    for (const QString &text : errors)
+        QCOMPARE(text, QString());
+    QCOMPARE(database.files(), QStringList{"installation.db"});
+    QCOMPARE(database.settings(), SampleInstallation::make().settings);
+}
+
+void TestSettingsStore::aDatabaseThatSomebodyReadsIsNotPrepared()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.execute("PRAGMA journal_mode = DELETE");
+    SqlConnection reader(DatabaseLocation::ofFile(database.path()), SqlConnection::Mode::ReadWrite);
+    QVERIFY(reader.execute("BEGIN"));
+    QCOMPARE(reader.selectOne("SELECT count(*) FROM history").toInt(), 0);
+    SettingsStore store;
+    const auto error = store.open(DatabaseLocation::ofFile(database.path()));
+    QVERIFY(error);
+    QCOMPARE(error->kind, DatabaseError::Kind::Busy);
+    QVERIFY(!store.isOpen());
+    QVERIFY(reader.execute("COMMIT"));
+    opened(store, database);
+}
+
+void TestSettingsStore::aSaveThatIsGivenUpWritesNothing()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const Installation before = loaded(opened(store, database));
+    const SaveResult result = store.save(SaveOrder{{{"PT_MOBILE_HOST", "mine"}}, before}, [] { return false; });
+    QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
+    QCOMPARE(result.error->kind, DatabaseError::Kind::Cancelled);
+    QCOMPARE(result.error->path, database.path());
+    QCOMPARE(database.settings(), before.settings);
+}
+
+void TestSettingsStore::aTableThatGoesIsAnErrorOfASave_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<bool>("isAdministrator");
+    QTest::newRow("settings, of an operator") << "settings" << false;
+    QTest::newRow("settings, of an administrator") << "settings" << true;
+    QTest::newRow("history") << "history" << true;
+}
+
+void TestSettingsStore::aTableThatGoesIsAnErrorOfASave()
+{
+    QFETCH(QString, table);
+    QFETCH(bool, isAdministrator);
+    const TestDatabase database;
+    SettingsStore store;
+    const Installation before = loaded(opened(store, database));
+    database.execute("ALTER TABLE " + table + " RENAME TO hidden");
+    const Authority authority = isAdministrator ? Authority::Administrator : Authority::Operator;
+    const SaveResult result = store.save(SaveOrder{{{"PT_MOBILE_HOST", "mine"}}, before, {}, authority});
+    QCOMPARE(result.outcome, SaveResult::Outcome::Failed);
+    QVERIFY2(result.error->reason.contains(table), qPrintable(result.error->reason));
+    database.execute("ALTER TABLE hidden RENAME TO " + table);
+    QCOMPARE(database.settings(), before.settings);
+}
+
+void TestSettingsStore::aHistoryThatGoesTellsNoOutcome()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    opened(store, database);
+    database.execute("DROP TABLE history");
+    const auto outcome = store.outcome("the number of a save");
+    QVERIFY(outcome.error);
+    QVERIFY2(outcome.error->reason.contains("history"), qPrintable(outcome.error->reason));
+    QVector<HistoryRecord> records;
+    QVERIFY(store.history({}, records));
+    QString text;
+    QVERIFY(store.textAt("PT_MOBILE_HOST", 1, text));
+}
+
+void TestSettingsStore::aFileHasNoNewsOfItsOwn()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    opened(store, database);
+    QVERIFY(!store.listen());
+    QCOMPARE(store.socket(), -1);
+    QCOMPARE(store.takeNews(), ServerLink::News::Nothing);
 }
 
 QTEST_MAIN(TestSettingsStore)

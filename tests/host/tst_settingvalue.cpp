@@ -73,6 +73,9 @@ void TestSettingValue::accepted_data()
     QTest::newRow("JSON object stays letter by letter") << "PT_PIN_STRENGTH"
                                                         << R"({ "min_len":4, "zone": {"x": [1]} })"
                                                         << R"({ "min_len":4, "zone": {"x": [1]} })";
+    QTest::newRow("access with a stranger") << "VX_PAGE_ACCESS"
+                                            << R"({"zone": true})"
+                                            << R"({"zone": true})";
     QTest::newRow("JSON object without members") << "PT_PIN_STRENGTH"
                                                  << "{}"
                                                  << "{}";

@@ -80,6 +80,9 @@ void TestStoredText::value_data()
         << DEFAULT_DEPARTMENT << "5" << QStringList{"object-not-granted: 5 → 0, -"};
     QTest::newRow("what is shown as it is cannot be repaired")
         << MOBILE_HOST << "a\tb" << QStringList{"not-a-line: a\tb → a\tb, -"};
+    QTest::newRow("what is cut off is not given up")
+        << MOBILE_HOST << QString(32768, 'x')
+        << QStringList{"too-long: " + QString(32768, 'x') + " → " + QString(32767, 'x') + ", -"};
     QTest::newRow("read-only") << VERSION << "anything" << QStringList();
 }
 

@@ -8,6 +8,8 @@
 #include <vxsettings/dblineeditwidget.h>
 #include <vxsettings/dbspinboxwidget.h>
 
+#include <vxwidgets/vxsettingsgroupwidget.h>
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -120,6 +122,7 @@ private Q_SLOTS:
     void editsAreRevertedAndAccepted();
 
     void widgetIsReplaced();
+    void unknownGroupKeepsItsTitle();
     void nullDropsTheWidget();
     void sameWidgetAgainStays();
 };
@@ -834,6 +837,16 @@ void TestDBSettingsGroup::widgetIsReplaced()
     QVERIFY(!first);
     QCOMPARE(group.widget().get(), second.data());
     QCOMPARE(group.paramKeys(), QStringList("key"));
+}
+
+void TestDBSettingsGroup::unknownGroupKeepsItsTitle()
+{
+    DBSettingsGroup group(999);
+    auto *frame = new VXSettingsGroupWidget(nullptr);
+    frame->setTitle("own");
+    group.setWidget(frame);
+    group.retranslate();
+    QCOMPARE(frame->title(), QString("own"));
 }
 
 void TestDBSettingsGroup::nullDropsTheWidget()

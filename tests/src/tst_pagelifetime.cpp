@@ -94,6 +94,7 @@ private Q_SLOTS:
     void treeIsAskedWhileItsWidgetsGo();
     void heldEditorsOutliveTheTree_data();
     void heldEditorsOutliveTheTree();
+    void editorsThatWereMovedStayThere();
     void heldEditorsGoWithTheirParent_data();
     void heldEditorsGoWithTheirParent();
     void heldFrameOutlivesTheTree_data();
@@ -311,6 +312,18 @@ void TestPageLifetime::heldEditorsOutliveTheTree()
     const QPointer<QWidget> last = editors.back().get();
     editors.clear();
     QVERIFY(!last);
+}
+
+void TestPageLifetime::editorsThatWereMovedStayThere()
+{
+    QWidget window;
+    QWidget other;
+    std::unique_ptr<DBSettings> tree = create(1, &window);
+    std::vector<std::shared_ptr<QWidget>> editors = editorHandles(*tree);
+    editors.front()->setParent(&other);
+    tree.reset();
+    QCOMPARE(editors.front()->parentWidget(), &other);
+    QVERIFY(!editors.back()->parentWidget());
 }
 
 void TestPageLifetime::heldEditorsGoWithTheirParent_data()

@@ -1,5 +1,6 @@
 #include <vxsettings/dbbuttonwidget.h>
 
+#include "doublingtranslator.h"
 #include "editorprobe.h"
 #include "messages.h"
 #include "translation.h"
@@ -468,8 +469,13 @@ void TestDBButtonWidget::brokenSlotDoesNothing()
     editor.setValue("before");
     QWidget *input = breakSlot<QPushButton>(editor, brokenSlot);
     const QString description = input ? described(input->property("userData")) : QString();
+    const QString caption = input ? input->property("text").toString() : QString();
     HeardSignals heard(editor);
 
+    {
+        const DoublingTranslator other;
+        editor.retranslate();
+    }
     editor.setValue("after");
     QCOMPARE(described(editor.storedValue()), QString("QString before"));
     QVERIFY(!editor.value().isValid());
@@ -483,6 +489,7 @@ void TestDBButtonWidget::brokenSlotDoesNothing()
     if (input) {
         QVERIFY(input->isEnabled());
         QCOMPARE(described(input->property("userData")), description);
+        QCOMPARE(input->property("text").toString(), caption);
     }
 }
 

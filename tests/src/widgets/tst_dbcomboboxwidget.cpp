@@ -520,6 +520,7 @@ void TestDBComboBoxWidget::brokenSlotDoesNothing()
     QCOMPARE(described(editor.storedValue()), QString("QString 3"));
     QVERIFY(!editor.value().isValid());
     editor.setParamValues({{9, "nine"}});
+    editor.retranslate();
     editor.setDefaultValue();
     editor.setReadOnly(true);
     QVERIFY(editor.isReadOnly());
@@ -532,6 +533,7 @@ void TestDBComboBoxWidget::brokenSlotDoesNothing()
     if (const auto *renamed = qobject_cast<QComboBox *>(input)) {
         QCOMPARE(renamed->count(), 3);
         QCOMPARE(renamed->currentIndex(), 1);
+        QCOMPARE(renamed->currentText(), oneThreeSeven.at(3));
     }
 }
 

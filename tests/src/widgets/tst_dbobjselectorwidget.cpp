@@ -12,8 +12,11 @@
 #include <vxwidgets/vxtreeviewdelegate.h>
 
 #include <QLabel>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTreeView>
+
+#include <memory>
 
 using vantorix::ObjectRecord;
 using Objects = QVector<ObjectRecord>;
@@ -73,6 +76,7 @@ private Q_SLOTS:
     void brokenSlotDoesNothing_data() { addBrokenSlotRows(); }
     void brokenSlotDoesNothing();
     void renamedSelectorStillAnnouncesItsChoice();
+    void handlerMayDeleteTheEditor();
 
 private:
     const LoggingRules m_quiet{"gui.lib.dbsettings.debug=false"};
@@ -705,6 +709,23 @@ void TestDBObjSelectorWidget::renamedSelectorStillAnnouncesItsChoice()
     HeardSignals heard(editor);
     QTest::keyClick(renamed, Qt::Key_Down);
     QCOMPARE(heard.take(), QStringList({"PT_ORG: uint 7", "commit"}));
+}
+
+/// A host may take the selector out first: a combo box does not outlive a handler that deletes it.
+void TestDBObjSelectorWidget::handlerMayDeleteTheEditor()
+{
+    const StoredObjects stored(profiles, cards);
+    const QPointer<DBObjSelectorWidget> editor = new DBObjSelectorWidget(profiles, nullptr);
+    const std::unique_ptr<VXObjectSelector> kept(selector(*editor));
+    HeardSignals heard(*editor);
+    connect(editor, &DBParamWidget::paramChanged, this, [&] {
+        kept->setParent(nullptr);
+        delete editor;
+    });
+    kept->setCurrentUid(8);
+    QVERIFY(!editor);
+    QVERIFY(!heard.take().contains("commit"));
+    QCOMPARE(kept->currentUid(), 8u);
 }
 
 QTEST_MAIN(TestDBObjSelectorWidget)

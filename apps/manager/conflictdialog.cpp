@@ -16,7 +16,8 @@
 
 namespace {
 
-constexpr QSize initialSize(640, 480);
+constexpr int initialWidth = 640;
+constexpr int mostInitialHeight = 480;
 
 QLabel *plainLabel(const QString &text, QWidget *parent)
 {
@@ -45,10 +46,10 @@ ConflictDialog::ConflictDialog(const QVector<SettingsSession::Conflict> &conflic
                                     "Ничего не записано. Выберите, какое значение оставить."),
                                  this));
     layout->addWidget(createRows(conflicts), 1);
-    layout->addWidget(createButtons());
+    layout->addWidget(createButtons(conflicts.count()));
     showWhetherDecided();
     m_rows.first().theirs->setFocus();
-    resize(initialSize);
+    resize(initialWidth, qMin(layout->totalHeightForWidth(initialWidth), mostInitialHeight));
 }
 
 QVector<ConflictDialog::Choice> ConflictDialog::choices() const
@@ -109,7 +110,7 @@ QRadioButton *ConflictDialog::createChoice(const QString &label, const QString &
     return choice;
 }
 
-QWidget *ConflictDialog::createButtons()
+QWidget *ConflictDialog::createButtons(int conflictCount)
 {
     auto *buttons = new QDialogButtonBox(this);
     const auto addAll = [&](const QString &text, Choice choice) {
@@ -117,8 +118,10 @@ QWidget *ConflictDialog::createButtons()
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, choice] { chooseAll(choice); });
     };
-    addAll(tr("Все из &базы"), Choice::Theirs);
-    addAll(tr("Все &мои"), Choice::Mine);
+    if (conflictCount > 1) {
+        addAll(tr("Все из &базы"), Choice::Theirs);
+        addAll(tr("Все &мои"), Choice::Mine);
+    }
     m_accept = buttons->addButton(tr("&Записать выбранное"), QDialogButtonBox::AcceptRole);
     m_stay = buttons->addButton(tr("&Вернуться"), QDialogButtonBox::RejectRole);
     m_stay->setToolTip(tr("Ничего не записывать и продолжить"));

@@ -39,7 +39,6 @@
 #include <QTimer>
 #include <QTranslator>
 
-#include <algorithm>
 #include <initializer_list>
 
 /// The linker leaves out resources of a static library that nobody asks for. (Outside of every namespace: a macro.)
@@ -321,11 +320,8 @@ void MainWindow::showUnreadable()
 /// Of a JSON setting on the page that waits for a repair; null if there is none.
 QString MainWindow::unreadableKey(DBGroups page) const
 {
-    const QVector<SettingAddress> replacing = m_session.replacing();
     for (const QString &key : DBSettingsHelper::groupParams(page)) {
-        const bool isRepaired = std::any_of(replacing.begin(), replacing.end(),
-                                            [&key](const SettingAddress &address) { return address.key == key; });
-        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !isRepaired)
+        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !m_session.isRepaired(key))
             return key;
     }
     return {};

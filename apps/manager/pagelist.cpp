@@ -14,10 +14,10 @@
 namespace {
 
 constexpr QSize pictureSize(20, 20);
-constexpr int rowHeight = 30; // of a title in one line
-constexpr int rowPadding = 6; // above and below several lines, together
+constexpr int rowPadding = 15; // above and below a title, together
 constexpr int headingHeight = 24;
 constexpr int leastLetters = 20;       // of a title's room, however short titles are
+constexpr int usualHits = 9;           // titles keep their lines when so many are told
 constexpr int titleSlack = 4;          // lines are broken a little before they are full
 constexpr int margin = 3;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
@@ -232,7 +232,7 @@ void PageList::describe(QListWidgetItem *item) const
 int PageList::heightOf(const QListWidgetItem *item) const
 {
     const QRect lines = QFontMetrics(item->font()).boundingRect(0, 0, titleWidth(), 0, Qt::TextWordWrap, item->text());
-    return qMax(rowHeight, lines.height() + rowPadding);
+    return qMax(pictureSize.height(), lines.height() + rowPadding);
 }
 
 int PageList::titleWidth() const
@@ -241,7 +241,7 @@ int PageList::titleWidth() const
     int width = leastLetters * metrics.averageCharWidth();
     for (const Section &section : sections()) {
         for (const DBGroups group : section.pages)
-            width = qMax(width, widthInTwoLines(DBSettingsHelper::groupName(group), metrics));
+            width = qMax(width, widthInTwoLines(withHits(DBSettingsHelper::groupName(group), usualHits), metrics));
     }
     return width + titleSlack;
 }

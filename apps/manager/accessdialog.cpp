@@ -25,7 +25,7 @@
 
 namespace {
 
-constexpr QSize initialSize(760, 620);
+constexpr QSize initialSize(760, 560);
 constexpr int longestReason = 500;
 const QString textStyle = QStringLiteral("color: palette(window-text); font-weight: normal;");
 const QString pagesIcon = QStringLiteral("common-lock");

@@ -292,6 +292,19 @@ QVector<SettingRules::Violation> SettingsSession::violations() const
     return SettingRules::violations(settings);
 }
 
+QVector<SettingRules::Violation> SettingsSession::newViolations() const
+{
+    QStringList known;
+    for (const SettingRules::Violation &violation : SettingRules::violations(m_stored.settings))
+        known.append(violation.message);
+    QVector<SettingRules::Violation> violations = this->violations();
+    const auto isKnown = [&known](const SettingRules::Violation &violation) {
+        return known.contains(violation.message);
+    };
+    violations.erase(std::remove_if(violations.begin(), violations.end(), isKnown), violations.end());
+    return violations;
+}
+
 QVector<SettingFinding> SettingsSession::findings() const
 {
     return HealthCheck(m_stored.settings, m_objects).findings();

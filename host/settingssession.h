@@ -128,6 +128,8 @@ public:
 
     /// The rules that the installation would break after a save.
     QVector<SettingRules::Violation> violations() const;
+    /// Those of them that it does not break in the same way already.
+    QVector<SettingRules::Violation> newViolations() const;
     /// What is wrong with what is stored. Takes time in proportion to it.
     QVector<SettingFinding> findings() const;
 

@@ -118,7 +118,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(menu, &ParameterMenu::historyWanted, this, &MainWindow::showHistory);
     connect(menu, &ParameterMenu::repairWanted, this, &MainWindow::repair);
     auto *history = new EditHistory(m_session, this);
-    m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    m_menu->setUndoActions(history->undoAction(), history->redoAction());
     menu->setUndoActions(history->undoAction(), history->redoAction());
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
@@ -386,7 +386,7 @@ void MainWindow::noteRestoredConnection()
 
 void MainWindow::review()
 {
-    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting)
+    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting || leadToBrokenRule())
         return;
     ReviewDialog dialog(changes(), this);
     if (dialog.exec() == QDialog::Rejected)
@@ -395,9 +395,24 @@ void MainWindow::review()
     save();
 }
 
+/// Whether a save would break a rule. The words are beside the parameters.
+bool MainWindow::leadToBrokenRule()
+{
+    const QVector<SettingRules::Violation> broken = m_session.newViolations();
+    if (broken.isEmpty())
+        return false;
+    const SettingRules::Violation &first = broken.first();
+    showParameter(m_session.isChanged(first.lower) ? first.lower : first.upper);
+    return true;
+}
+
 void MainWindow::save()
 {
     m_waiting.reset();
+    if (leadToBrokenRule()) {
+        stay();
+        return;
+    }
     m_notice->setVisible(m_isConnectionLost);
     m_bar->setProgress(tr("Сохранение…"));
     m_session.save(m_reason);

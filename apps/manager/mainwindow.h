@@ -73,6 +73,7 @@ private:
     void noteRestoredConnection();
     void save();
     void review();
+    bool leadToBrokenRule();
     void saveReplacingUnreadable(const QStringList &keys);
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);

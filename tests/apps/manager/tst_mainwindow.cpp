@@ -221,6 +221,11 @@ private Q_SLOTS:
     void closingWithChangesAsks_data();
     void closingWithChangesAsks();
     void closingSavesOnlyWhatCanBeSaved();
+    void savingLeadsToABrokenRule_data();
+    void savingLeadsToABrokenRule();
+    void theKeyboardStaysWhereItWas_data();
+    void theKeyboardStaysWhereItWas();
+    void theEditMenuBeginsWithUndo();
     void closingDuringASaveWaitsForIt();
     void theWindowLivesWhileItSaves();
     void aSaveCanBeCancelled();
@@ -516,11 +521,92 @@ void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
     QVERIFY(window.session.hasChanges());
 
     // A later save is no wish to leave.
-    const ModalAnswer mine(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
+    const ModalAnswer mine(QStringList{"Сохранить", "Записать моё", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.session.hasChanges());
     QCoreApplication::processEvents();
     QVERIFY(window.window->isVisible());
+}
+
+void TestMainWindow::savingLeadsToABrokenRule_data()
+{
+    QTest::addColumn<bool>("isClosed");
+    QTest::newRow("saved") << false;
+    QTest::newRow("closed and saved") << true;
+}
+
+void TestMainWindow::savingLeadsToABrokenRule()
+{
+    QFETCH(bool, isClosed);
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.go(DBGroups::Employees);
+    auto *shortest = window.input<QSpinBox>(json::MIN_LEN);
+    editors::retype(shortest, "9"); // of 8 at most
+    window.go(DBGroups::Connection);
+    const ModalAnswer answer(isClosed ? QStringList{"Сохранить"} : QStringList{});
+    if (isClosed)
+        QVERIFY(!window.window->close());
+    else
+        QTest::mouseClick(window.save(), Qt::LeftButton); // no review
+    QVERIFY(answer.wasGiven());
+    QTRY_VERIFY(shortest->hasFocus());
+    QCOMPARE(window.list()->chosen(), DBGroups::Employees);
+    QVERIFY(window.window->isVisible() && !window.session.isSaving() && window.session.hasChanges());
+
+    editors::retype(shortest, "5");
+    window.clickSave();
+    QTRY_VERIFY(!window.session.hasChanges());
+    QCoreApplication::processEvents();
+    QVERIFY(window.window->isVisible());
+}
+
+void TestMainWindow::theKeyboardStaysWhereItWas_data()
+{
+    QTest::addColumn<bool>("isClicked");
+    QTest::newRow("with the mouse") << true;
+    QTest::newRow("with the keyboard") << false;
+}
+
+void TestMainWindow::theKeyboardStaysWhereItWas()
+{
+    QFETCH(bool, isClicked);
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.search("порт");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    editors::retype(QApplication::focusWidget(), "9443");
+    if (isClicked) {
+        window.clickSave();
+    } else {
+        while (!window.save()->hasFocus())
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const ModalAnswer review("Сохранить");
+        QTest::keyClick(window.save(), Qt::Key_Space);
+    }
+    QTRY_VERIFY(!window.session.hasChanges() && !window.session.isSaving());
+    QCoreApplication::processEvents();
+    QVERIFY(window.page()->isAncestorOf(QApplication::focusWidget()));
+    QVERIFY(!window.window->findChild<SearchResults *>()->isVisible());
+}
+
+void TestMainWindow::theEditMenuBeginsWithUndo()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    QTest::keyClick(window.window->windowHandle(), Qt::Key_F10);
+    QTRY_VERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+    const QList<QAction *> entries = QApplication::activePopupWidget()->actions();
+    QCOMPARE(entries[0]->text(), QString("&Отменить правку"));
+    QCOMPARE(entries[1]->text(), QString("&Повторить правку"));
+    QVERIFY(entries[2]->isSeparator());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    while (QWidget *menu = QApplication::activePopupWidget())
+        menu->close();
 }
 
 void TestMainWindow::closingDuringASaveWaitsForIt()
@@ -713,7 +799,7 @@ void TestMainWindow::aConflictCanBeOverwritten()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Записать моё", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
     QVERIFY(answer.wasGiven());

@@ -560,26 +560,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
         <translation>%1[*] – Database settings</translation>
     </message>
     <message>
-        <source>%1 Изменения можно будет сохранить, когда связь восстановится.</source>
-        <translation>%1 The changes can be saved when the connection is back.</translation>
-    </message>
-    <message>
-        <source>Сохранение…</source>
-        <translation>Saving…</translation>
-    </message>
-    <message>
-        <source>База данных занята другой программой. Ожидание…</source>
-        <translation>The database is in use by another program. Waiting…</translation>
-    </message>
-    <message>
-        <source>Выясняется, записаны ли изменения…</source>
-        <translation>Finding out whether the changes were saved…</translation>
-    </message>
-    <message>
-        <source>Нет связи с базой данных. Соединение…</source>
-        <translation>There is no connection to the database. Connecting…</translation>
-    </message>
-    <message>
         <source>О программе</source>
         <translation>About</translation>
     </message>
@@ -602,14 +582,6 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Загрузка настроек…</source>
         <translation>Loading the settings…</translation>
-    </message>
-    <message>
-        <source>Нет связи с базой данных. Изменения запишутся, когда она восстановится.</source>
-        <translation>There is no connection to the database. The changes will be saved when it is back.</translation>
-    </message>
-    <message>
-        <source>Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны.</source>
-        <translation>The connection is back. While it was gone the changes became others, so they were not saved.</translation>
     </message>
 </context>
 <context>
@@ -834,6 +806,37 @@ Exit status: 0 – done, 1 – not done, 2 – error in the command line, 5 – 
     <message>
         <source>Изменений: %1</source>
         <translation>Changes: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SaveConversation</name>
+    <message>
+        <source>Сохранение…</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>База данных занята другой программой. Ожидание…</source>
+        <translation>The database is in use by another program. Waiting…</translation>
+    </message>
+    <message>
+        <source>Выясняется, записаны ли изменения…</source>
+        <translation>Finding out whether the changes were saved…</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Соединение…</source>
+        <translation>There is no connection to the database. Connecting…</translation>
+    </message>
+    <message>
+        <source>%1 Изменения можно будет сохранить, когда связь восстановится.</source>
+        <translation>%1 The changes can be saved when the connection is back.</translation>
+    </message>
+    <message>
+        <source>Нет связи с базой данных. Изменения запишутся, когда она восстановится.</source>
+        <translation>There is no connection to the database. The changes will be saved when it is back.</translation>
+    </message>
+    <message>
+        <source>Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны.</source>
+        <translation>The connection is back. While it was gone the changes became others, so they were not saved.</translation>
     </message>
 </context>
 <context>

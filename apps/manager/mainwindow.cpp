@@ -2,7 +2,6 @@
 
 #include "accessdialog.h"
 #include "changebar.h"
-#include "conflictdialog.h"
 #include "edithistory.h"
 #include "historydialog.h"
 #include "mainmenu.h"
@@ -11,12 +10,13 @@
 #include "parametermarks.h"
 #include "parametermenu.h"
 #include "repairdialog.h"
-#include "reviewdialog.h"
+#include "saveconversation.h"
 #include "savequestions.h"
 #include "searchfield.h"
 #include "settingsfiles.h"
 #include "spotlight.h"
 
+#include <host/installationdatabase.h>
 #include <host/pageaccesswords.h>
 #include <host/settingspages.h>
 #include <host/settingssession.h>
@@ -33,10 +33,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
-#include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
-#include <QTimer>
 #include <QTranslator>
 
 #include <initializer_list>
@@ -100,6 +98,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     , m_search(borrowed(m_searchedLanguages))
     , m_searchField(new SearchField(m_search))
     , m_menu(new MainMenu(translations, this))
+    , m_save(new SaveConversation(database, session, *this))
     , m_files(new SettingsFiles(session, database.location(), this))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
@@ -124,18 +123,16 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
 
     connect(m_searchField, &SearchField::resultChosen, this, &MainWindow::showParameter);
     connect(m_searchField, &SearchField::resultsChanged, m_list, &PageList::setHits);
-    connect(m_bar, &ChangeBar::saveRequested, this, &MainWindow::review);
+    connect(m_bar, &ChangeBar::saveRequested, m_save, &SaveConversation::review);
     connect(m_bar, &ChangeBar::revertRequested, this, [this] { m_session.revert(); });
-    connect(m_bar, &ChangeBar::cancelRequested, this, &MainWindow::cancelWaiting);
+    connect(m_bar, &ChangeBar::cancelRequested, m_save, &SaveConversation::cancel);
     connect(&m_session, &SettingsSession::edited, this, &MainWindow::showChanges);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::findStoredProblems);
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::showLocks);
-    // Not from within the signal, which a dialog would hold up.
-    connect(&m_session, &SettingsSession::saveFinished, this,
-            [this](const SaveResult &result) { QTimer::singleShot(0, this, [this, result] { finishSave(result); }); });
-    connect(&m_database, &InstallationDatabase::waiting, this, &MainWindow::showProgress);
-    connect(&m_database, &InstallationDatabase::connectionLost, this, &MainWindow::noteLostConnection);
-    connect(&m_database, &InstallationDatabase::connectionRestored, this, &MainWindow::noteRestoredConnection);
+    connect(m_save, &SaveConversation::progressed, m_bar, &ChangeBar::setProgress);
+    connect(m_save, &SaveConversation::noticed, this, &MainWindow::showNotice);
+    connect(m_save, &SaveConversation::brokenRuleFound, this, &MainWindow::showParameter);
+    connect(m_save, &SaveConversation::readyToLeave, this, &QWidget::close);
 
     restoreView();
     if (m_session.isLoaded()) {
@@ -189,7 +186,7 @@ QLayout *MainWindow::createNavigation()
 
 void MainWindow::connectMenu()
 {
-    connect(m_menu, &MainMenu::saveRequested, this, &MainWindow::review);
+    connect(m_menu, &MainMenu::saveRequested, m_save, &SaveConversation::review);
     connect(m_menu, &MainMenu::importRequested, this, &MainWindow::importSettings);
     connect(m_menu, &MainMenu::compareRequested, m_files, &SettingsFiles::compare);
     connect(m_menu, &MainMenu::historyRequested, this, [this] { showHistory(std::nullopt); });
@@ -368,189 +365,10 @@ void MainWindow::showChanges()
         m_list->setChanged(page.group, m_session.hasChanges(page.group));
 }
 
-void MainWindow::noteLostConnection(const DatabaseError &error)
+void MainWindow::showNotice(const QString &words)
 {
-    m_isConnectionLost = true;
-    m_notice->setText(tr("%1 Изменения можно будет сохранить, когда связь восстановится.").arg(error.reason));
-    m_notice->show();
-}
-
-void MainWindow::noteRestoredConnection()
-{
-    m_isConnectionLost = false;
-    m_notice->hide();
-    // The session has yet to take in what others have saved meanwhile.
-    if (m_waiting)
-        QTimer::singleShot(0, this, &MainWindow::saveAfterAll);
-}
-
-void MainWindow::review()
-{
-    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting || leadToBrokenRule())
-        return;
-    ReviewDialog dialog(changes(), this);
-    if (dialog.exec() == QDialog::Rejected)
-        return;
-    m_reason = dialog.reason();
-    save();
-}
-
-/// Whether a save would break a rule. The words are beside the parameters.
-bool MainWindow::leadToBrokenRule()
-{
-    const QVector<SettingRules::Violation> broken = m_session.newViolations();
-    if (broken.isEmpty())
-        return false;
-    const SettingRules::Violation &first = broken.first();
-    showParameter(m_session.isChanged(first.lower) ? first.lower : first.upper);
-    return true;
-}
-
-void MainWindow::save()
-{
-    m_waiting.reset();
-    if (leadToBrokenRule()) {
-        stay();
-        return;
-    }
-    m_notice->setVisible(m_isConnectionLost);
-    m_bar->setProgress(tr("Сохранение…"));
-    m_session.save(m_reason);
-}
-
-void MainWindow::saveReplacingUnreadable(const QStringList &keys)
-{
-    if (!SaveQuestions::replaceUnreadable(this, keys)) {
-        stay();
-        return;
-    }
-    m_bar->setProgress(tr("Сохранение…"));
-    m_session.save(m_reason, SettingsSession::Unreadable::Replace);
-}
-
-void MainWindow::showProgress(InstallationDatabase::Wait wait)
-{
-    if (m_session.isLoaded() && !m_session.isSaving())
-        return;
-    switch (wait) {
-    case InstallationDatabase::Wait::Busy:
-        m_bar->setProgress(tr("База данных занята другой программой. Ожидание…"));
-        break;
-    case InstallationDatabase::Wait::Resolving:
-        m_bar->setProgress(tr("Выясняется, записаны ли изменения…"));
-        break;
-    case InstallationDatabase::Wait::Connecting:
-        m_bar->setProgress(tr("Нет связи с базой данных. Соединение…"));
-        break;
-    }
-}
-
-void MainWindow::finishSave(const SaveResult &result)
-{
-    m_bar->setProgress({});
-    switch (result.outcome) {
-    case SaveResult::Outcome::NothingToDo:
-    case SaveResult::Outcome::Saved:
-        if (m_isLeaving)
-            close();
-        break;
-    case SaveResult::Outcome::Failed:
-        explainFailure(*result.error);
-        break;
-    case SaveResult::Outcome::Unknown:
-        stay();
-        SaveQuestions::showUnknown(this, *result.error);
-        break;
-    case SaveResult::Outcome::Unreadable:
-        saveReplacingUnreadable(result.unreadableKeys);
-        break;
-    case SaveResult::Outcome::Forbidden:
-        stay();
-        revertForbidden(result.forbiddenKeys);
-        break;
-    case SaveResult::Outcome::Conflicting:
-        resolveConflicts();
-        break;
-    }
-}
-
-void MainWindow::explainFailure(const DatabaseError &error)
-{
-    stay();
-    if (error.kind == DatabaseError::Kind::Cancelled)
-        return;
-    if (m_isConnectionLost)
-        waitForConnection();
-    else
-        SaveQuestions::showError(this, error);
-}
-
-void MainWindow::waitForConnection()
-{
-    m_waiting = changes();
-    m_bar->setProgress(tr("Нет связи с базой данных. Изменения запишутся, когда она восстановится."));
-}
-
-void MainWindow::saveAfterAll()
-{
-    if (!m_waiting)
-        return;
-    const bool isAgreed = *m_waiting == changes();
-    m_waiting.reset();
-    m_bar->setProgress({});
-    if (isAgreed) {
-        save();
-        return;
-    }
-    m_notice->setText(tr("Связь восстановлена. Пока её не было, изменения стали другими, поэтому они не записаны."));
-    m_notice->show();
-}
-
-void MainWindow::cancelWaiting()
-{
-    if (!m_waiting) {
-        m_database.cancel();
-        return;
-    }
-    m_waiting.reset();
-    m_bar->setProgress({});
-}
-
-void MainWindow::revertForbidden(const QStringList &keys)
-{
-    if (!SaveQuestions::revertForbidden(this, PageAccessWords::refusal(keys)))
-        return;
-    for (const SettingAddress &address : m_session.changedAddresses()) {
-        if (keys.contains(address.key))
-            m_session.revert(address);
-    }
-}
-
-void MainWindow::resolveConflicts()
-{
-    const QVector<SettingsSession::Conflict> conflicts = m_session.conflicts();
-    ConflictDialog dialog(conflicts, this);
-    if (!conflicts.isEmpty() && dialog.exec() == QDialog::Rejected) {
-        stay();
-        return;
-    }
-    const QVector<ConflictDialog::Choice> choices = dialog.choices();
-    for (int i = 0; i < conflicts.count(); ++i) {
-        if (choices[i] == ConflictDialog::Choice::Theirs)
-            m_session.revert(conflicts[i].address);
-        else
-            (void)m_session.keepMine(conflicts[i]); // what has changed once more is asked for once more
-    }
-    save();
-}
-
-QVector<SettingChange> MainWindow::changes() const
-{
-    QVector<SettingChange> changes;
-    for (const SettingAddress &address : m_session.changedAddresses())
-        changes.append({address, m_session.storedText(address), m_session.shownText(address)});
-    SettingChange::sort(changes);
-    return changes;
+    m_notice->setText(words);
+    m_notice->setVisible(!words.isNull());
 }
 
 void MainWindow::showHistory(const std::optional<SettingAddress> &address)
@@ -604,11 +422,6 @@ void MainWindow::importSettings()
         edit(change.address, change.after);
 }
 
-void MainWindow::stay()
-{
-    m_isLeaving = false;
-}
-
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
@@ -618,29 +431,12 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!mayClose()) {
+    if (!m_save->mayLeave()) {
         event->ignore();
         return;
     }
     rememberView();
     event->accept();
-}
-
-bool MainWindow::mayClose()
-{
-    if (m_session.isSaving()) {
-        m_isLeaving = true;
-        return false;
-    }
-    if (!m_session.hasChanges())
-        return true;
-    const auto answer = SaveQuestions::leave(this, changes());
-    m_isLeaving = answer == SaveQuestions::Leaving::Save;
-    if (m_isLeaving) {
-        m_reason.clear();
-        save();
-    }
-    return answer == SaveQuestions::Leaving::Discard;
 }
 
 void MainWindow::restoreView()

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <host/installationdatabase.h>
-#include <host/settingchange.h>
+#include <host/settingaddress.h>
 #include <host/settingssearch.h>
 
 #include <vxsettings/dbsettingstypes.h>
@@ -14,12 +13,14 @@
 #include <vector>
 
 class ChangeBar;
+class InstallationDatabase;
 class MainMenu;
 class PageArea;
 class PageList;
 class QLabel;
 class QStackedWidget;
 class QTranslator;
+class SaveConversation;
 class SearchField;
 class SettingsFiles;
 class SettingsSession;
@@ -69,27 +70,11 @@ private:
     void findStoredProblems();
     void showProblems();
 
-    void noteLostConnection(const DatabaseError &error);
-    void noteRestoredConnection();
-    void save();
-    void review();
-    bool leadToBrokenRule();
-    void saveReplacingUnreadable(const QStringList &keys);
-    void showProgress(InstallationDatabase::Wait wait);
-    void finishSave(const SaveResult &result);
-    void explainFailure(const DatabaseError &error);
-    void waitForConnection();
-    void saveAfterAll();
-    void cancelWaiting();
-    void revertForbidden(const QStringList &keys);
-    void resolveConflicts();
-    QVector<SettingChange> changes() const;
+    void showNotice(const QString &words);
     void showHistory(const std::optional<SettingAddress> &address);
     void restore(const SettingAddress &address, const QString &text);
     void repair(const QString &key);
     void importSettings();
-    void stay();
-    bool mayClose();
 
     void restoreView();
     void rememberView() const;
@@ -101,14 +86,11 @@ private:
     SearchField *m_searchField;
     QVector<SettingAddress> m_storedProblems; ///< of what is stored
     MainMenu *m_menu;
+    SaveConversation *m_save;
     SettingsFiles *m_files;
     PageList *m_list;
     QStackedWidget *m_stack;
     QLabel *m_notice;
     ChangeBar *m_bar;
     QHash<int, PageArea *> m_areas; ///< by group
-    QString m_reason;               ///< of the save under way, for the history
-    bool m_isLeaving = false;       ///< closes once everything is saved
-    bool m_isConnectionLost = false;
-    std::optional<QVector<SettingChange>> m_waiting; ///< what is to be saved once the connection is back
 };

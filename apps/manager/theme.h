@@ -17,8 +17,8 @@ public:
     /// What was applied last; the desktop's look if nothing was.
     static Kind current();
     static void apply(Kind kind);
-    /// Where the desktop's look is wanted and the desktop wants it dark, but has no dark palette for this toolkit, it is
-    /// this program's dark one.
+    /// Where the desktop's look is wanted and the desktop wants it dark, but has no dark palette for this toolkit, it
+    /// is this program's dark one.
     static void followDesktop(bool prefersDark);
     /// Applies @p kind, and remembers it for the next start.
     static void choose(Kind kind);

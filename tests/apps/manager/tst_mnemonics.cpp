@@ -12,7 +12,9 @@
 #include "sessionwait.h"
 
 #include <host/hostenvironment.h>
+#include <host/installationdatabase.h>
 #include <host/settingspages.h>
+#include <host/settingssession.h>
 #include <host/translations.h>
 
 #include <vxsettings/dbkeys.h>
@@ -36,10 +38,10 @@ using namespace db::database;
 
 namespace {
 
-/// A loaded one.
-struct Installation
+/// An installation that has been loaded.
+struct Loaded
 {
-    Installation()
+    Loaded()
     {
         if (SessionWait::load(session))
             throw std::runtime_error("nothing was loaded");
@@ -164,7 +166,7 @@ void TestMnemonics::inTheWindow()
     QFETCH(QString, language);
     Translations translations("vxsettings-manager");
     QVERIFY(translations.setLanguage(language));
-    Installation installation;
+    Loaded installation;
     MainWindow window(installation.database, installation.session, &translations);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -192,7 +194,7 @@ void TestMnemonics::inDialogs()
     QCOMPARE(clashes(labelled(conflict)), QStringList());
     const RepairDialog repair("caption", "problem", "stored", "repaired");
     QCOMPARE(clashes(labelled(repair)), QStringList());
-    Installation installation;
+    Loaded installation;
     const AccessDialog access(installation.session);
     // One of them is only there where others have stored something else meanwhile.
     for (auto *button : access.findChildren<QAbstractButton *>())

@@ -75,7 +75,8 @@ void ChangeBar::showState()
         text += tr(" (в другом месте тоже: %1)").arg(m_conflictCount);
     m_label->setText(isSaving ? m_progress : text);
     const bool isWorthwhile = m_count > 0 && !isSaving;
-    if (!isWorthwhile && (m_revert->hasFocus() || m_save->hasFocus()))
+    const QWidget *focused = window()->focusWidget();
+    if (!isWorthwhile && (focused == m_revert || focused == m_save))
         passFocusBack();
     m_cancel->setVisible(isSaving);
     m_revert->setEnabled(isWorthwhile);

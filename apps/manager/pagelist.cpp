@@ -14,7 +14,8 @@
 namespace {
 
 constexpr QSize pictureSize(20, 20);
-constexpr int rowPadding = 15; // above and below a title, together
+constexpr int rowHeight = 28;  // of a title in one line, which may be larger than this
+constexpr int rowPadding = 10; // above and below a title, together
 constexpr int headingHeight = 24;
 constexpr int leastLetters = 20;       // of a title's room, however short titles are
 constexpr int usualHits = 9;           // titles keep their lines when so many are told
@@ -232,7 +233,7 @@ void PageList::describe(QListWidgetItem *item) const
 int PageList::heightOf(const QListWidgetItem *item) const
 {
     const QRect lines = QFontMetrics(item->font()).boundingRect(0, 0, titleWidth(), 0, Qt::TextWordWrap, item->text());
-    return qMax(pictureSize.height(), lines.height() + rowPadding);
+    return qMax(rowHeight, lines.height() + rowPadding);
 }
 
 int PageList::titleWidth() const

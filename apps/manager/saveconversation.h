@@ -19,8 +19,8 @@ public:
     /// @p session is that of @p database; both live longer. @p window, over which it asks, owns it.
     SaveConversation(InstallationDatabase &database, SettingsSession &session, QWidget &window);
 
-    /// Shows what would be saved, takes a reason for it, and saves it if that is wanted. Edits that break a rule are not
-    /// saved by any of these: brokenRuleFound() follows instead.
+    /// Shows what would be saved, takes a reason for it, and saves it if that is wanted. Edits that break a rule are
+    /// not saved by any of these: brokenRuleFound() follows instead.
     void review();
     /// Whether the window may close now. If not, either somebody wants to stay, or everything is being saved first, and
     /// readyToLeave() follows.

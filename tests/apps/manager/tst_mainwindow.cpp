@@ -551,7 +551,7 @@ void TestMainWindow::savingLeadsToABrokenRule()
     else
         QTest::mouseClick(window.save(), Qt::LeftButton); // no review
     QVERIFY(answer.wasGiven());
-    QTRY_VERIFY(shortest->hasFocus());
+    QTRY_COMPARE(window.window->focusWidget(), shortest);
     QCOMPARE(window.list()->chosen(), DBGroups::Employees);
     QVERIFY(window.window->isVisible() && !window.session.isSaving() && window.session.hasChanges());
 
@@ -588,7 +588,7 @@ void TestMainWindow::theKeyboardStaysWhereItWas()
     }
     QTRY_VERIFY(!window.session.hasChanges() && !window.session.isSaving());
     QCoreApplication::processEvents();
-    QVERIFY(window.page()->isAncestorOf(QApplication::focusWidget()));
+    QVERIFY(window.page()->isAncestorOf(window.window->focusWidget()));
     QVERIFY(!window.window->findChild<SearchResults *>()->isVisible());
 }
 
@@ -829,7 +829,7 @@ void TestMainWindow::theirsCanBeTaken()
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Сохранить", "Все из базы", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Взять из базы данных", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.window->isWindowModified());
     QVERIFY(answer.wasGiven());

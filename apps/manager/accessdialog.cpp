@@ -2,6 +2,7 @@
 
 #include "changestampwords.h"
 #include "savequestions.h"
+#include "wrappedlabel.h"
 
 #include <host/pageaccess.h>
 #include <host/pageaccesswords.h>
@@ -29,21 +30,13 @@ constexpr QSize initialSize(760, 560);
 constexpr int longestReason = 500;
 const QString textStyle = QStringLiteral("color: palette(window-text); font-weight: normal;");
 const QString pagesIcon = QStringLiteral("common-lock");
-
-QLabel *wrappedLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 } // namespace
 
 AccessDialog::AccessDialog(SettingsSession &session, QWidget *parent)
     : QDialog(parent)
     , m_session(session)
-    , m_purpose(wrappedLabel(this))
-    , m_state(wrappedLabel(this))
+    , m_purpose(new WrappedLabel({}, this))
+    , m_state(new WrappedLabel({}, this))
     , m_box(new DependentWidgetsBox(this))
     , m_reasonLabel(new QLabel(this))
     , m_reason(new QLineEdit(this))

@@ -15,6 +15,7 @@
 #include "searchfield.h"
 #include "settingsfiles.h"
 #include "spotlight.h"
+#include "wrappedlabel.h"
 
 #include <host/installationdatabase.h>
 #include <host/pageaccesswords.h>
@@ -102,7 +103,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     , m_files(new SettingsFiles(session, database.location(), this))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
-    , m_notice(new QLabel)
+    , m_notice(new WrappedLabel)
     , m_bar(new ChangeBar)
 {
     makePictureAvailable();
@@ -165,8 +166,6 @@ QWidget *MainWindow::createCentralWidget()
     rows->addWidget(m_bar);
     m_list->setFrameShape(QFrame::NoFrame);
     m_notice->setObjectName(QStringLiteral("noticeLabel"));
-    m_notice->setTextFormat(Qt::PlainText);
-    m_notice->setWordWrap(true);
     m_notice->setMargin(noticeMargin);
     m_notice->hide();
     return central;

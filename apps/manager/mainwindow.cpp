@@ -2,6 +2,7 @@
 
 #include "accessdialog.h"
 #include "changebar.h"
+#include "disabledhints.h"
 #include "edithistory.h"
 #include "historydialog.h"
 #include "mainmenu.h"
@@ -278,9 +279,17 @@ void MainWindow::showParameter(const SettingAddress &address)
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
     if (m_session.mayEdit(page))
-        editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value
+        editorOrSwitch(address)->setFocus(Qt::TabFocusReason); // what is typed replaces the value
     else
         m_areas.value(int(page))->focusLock();
+}
+
+/// What is switched off takes no keys, but what turns it on does.
+DBParamWidget *MainWindow::editorOrSwitch(const SettingAddress &address) const
+{
+    DBParamWidget *editor = m_session.editor(address);
+    const auto parent = DisabledHints::switchOf(address);
+    return editor->isEnabled() || !parent ? editor : m_session.editor(*parent);
 }
 
 void MainWindow::edit(const SettingAddress &address, const QString &text)

@@ -248,6 +248,7 @@ private Q_SLOTS:
     void noPageScrolls();
     void theKeyboardReachesEverything();
     void aSearchLeadsToTheParameter();
+    void aSearchForWhatIsOffLeadsToItsSwitch();
     void aSearchScrollsAndUnfolds();
     void aSearchTellsThePages();
     void changesAndProblemsCanBeFiltered();
@@ -998,6 +999,17 @@ void TestMainWindow::aSearchLeadsToTheParameter()
     QCOMPARE(spotlight->rect(), spotlight->parentWidget()->rect());
     QVERIFY(!window.session.hasChanges());
     QTRY_VERIFY(!spotlight);
+}
+
+void TestMainWindow::aSearchForWhatIsOffLeadsToItsSwitch()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("диагонали");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(window.list()->chosen(), DBGroups::FaceScanning);
+    QVERIFY(!window.input<QSpinBox>(ENROLL_FACE_MIN_SIZE)->isEnabled());
+    QCOMPARE(window.window->focusWidget(), window.input<QComboBox>(ENABLE_FACE_SCANNING));
 }
 
 void TestMainWindow::aSearchScrollsAndUnfolds()

@@ -90,7 +90,7 @@ class Administration(TestCase):
         self.assertFalse(size.is_("sensitive"))
         self.choose_with_mouse(size, SWITCH)
         wait_for(lambda: switch.is_("focused"), "the keyboard to be at the switch")
-        press("Up")  # to "yes"
+        press("Down")  # from "no" to "yes"
         wait_for(lambda: size.is_("sensitive"), "it to be switched on")
 
     def test_a_value_is_explained(self):

@@ -251,6 +251,7 @@ private Q_SLOTS:
     void aSearchForWhatIsOffLeadsToItsSwitch();
     void aSearchScrollsAndUnfolds();
     void aSearchTellsThePages();
+    void resultsHideNoPage();
     void changesAndProblemsCanBeFiltered();
     void theMenuFindsSavesAndQuits();
     void theLanguageChangesAtOnce();
@@ -1038,6 +1039,19 @@ void TestMainWindow::aSearchTellsThePages()
              QString("Сканирование отпечатков пальцев (5)"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(), QString("Сканирование отпечатков пальцев"));
+}
+
+void TestMainWindow::resultsHideNoPage()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("ладон");
+    const auto *results = window.window->findChild<SearchResults *>();
+    QTRY_VERIFY(results->isVisible());
+    QVERIFY(results->hitCount() > 10);
+    const QRect pages(window.list()->mapTo(window.window.get(), QPoint()), window.list()->size());
+    QVERIFY(!results->geometry().intersects(pages));
+    QVERIFY(window.window->rect().contains(results->geometry()));
 }
 
 void TestMainWindow::changesAndProblemsCanBeFiltered()

@@ -1,6 +1,7 @@
 #include "accessdialog.h"
 
 #include "changestampwords.h"
+#include "pagelist.h"
 #include "savequestions.h"
 #include "wrappedlabel.h"
 
@@ -107,9 +108,10 @@ void AccessDialog::retranslate()
 void AccessDialog::fill(const QJsonObject &flags)
 {
     dependent_widget::GroupInfo pages{tr("Страницы, которые могут изменять операторы"), pagesIcon, {}};
-    int position = 0;
+    const QVector<DBGroups> order = PageList::pages();
     for (const SettingsPageName &page : settingsPages)
-        pages.params.insert(QLatin1String(page.name), {DBSettingsHelper::groupName(page.group), position++});
+        pages.params.insert(QLatin1String(page.name),
+                            {DBSettingsHelper::groupName(page.group), order.indexOf(page.group)});
     // These texts are in the user's language already, and are set anew with it.
     m_box->setData(QStringLiteral("AccessDialog"), pages, flags);
     followTheme();

@@ -149,6 +149,14 @@ PageList::PageList(QWidget *parent)
     followSelection(*this);
 }
 
+QVector<DBGroups> PageList::pages()
+{
+    QVector<DBGroups> pages;
+    for (const Section &section : sections())
+        pages += section.pages;
+    return pages;
+}
+
 void PageList::addHeading()
 {
     auto *item = new QListWidgetItem(this);
@@ -194,10 +202,8 @@ void PageList::setLocked(DBGroups group, bool locked)
 void PageList::setHits(const QMap<DBGroups, int> &hits)
 {
     m_hits = hits;
-    for (const Section &section : sections()) {
-        for (const DBGroups group : section.pages)
-            describe(itemOf(group));
-    }
+    for (const DBGroups group : pages())
+        describe(itemOf(group));
 }
 
 QListWidgetItem *PageList::itemOf(DBGroups group) const
@@ -240,10 +246,8 @@ int PageList::titleWidth() const
 {
     const QFontMetrics metrics(bold(font()));
     int width = leastLetters * metrics.averageCharWidth();
-    for (const Section &section : sections()) {
-        for (const DBGroups group : section.pages)
-            width = qMax(width, widthInTwoLines(withHits(DBSettingsHelper::groupName(group), usualHits), metrics));
-    }
+    for (const DBGroups group : pages())
+        width = qMax(width, widthInTwoLines(withHits(DBSettingsHelper::groupName(group), usualHits), metrics));
     return width + titleSlack;
 }
 

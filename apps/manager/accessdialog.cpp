@@ -111,7 +111,7 @@ void AccessDialog::fill(const QJsonObject &flags)
     const QVector<DBGroups> order = PageList::pages();
     for (const SettingsPageName &page : settingsPages)
         pages.params.insert(QLatin1String(page.name),
-                            {DBSettingsHelper::groupName(page.group), order.indexOf(page.group)});
+                            {DBSettingsHelper::groupName(page.group), int(order.indexOf(page.group))});
     // These texts are in the user's language already, and are set anew with it.
     m_box->setData(QStringLiteral("AccessDialog"), pages, flags);
     followTheme();

@@ -28,7 +28,8 @@ int main(int argc, char *argv[])
     return page->toGroup()->paramKeys().count() == 3 ? 0 : 1;
 }
 CPP
-cmake -G Ninja -S "$work" -B "$work/build" -DCMAKE_BUILD_TYPE=Debug > "$work/configure.log" || {
+cmake -G Ninja -S "$work" -B "$work/build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
+    -DVXSETTINGS_PRECOMPILED_HEADERS=ON > "$work/configure.log" || {
     cat "$work/configure.log"
     exit 1
 }

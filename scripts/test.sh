@@ -20,7 +20,12 @@ section "Build: asan"
 cmake --preset asan
 cmake --build --preset asan
 section "Tests: asan"
-ctest --preset asan --parallel 4 --label-exclude abi
+ctest --preset asan
+
+section "Threads"
+cmake --preset tsan
+cmake --build --preset tsan
+ctest --preset tsan
 
 section "clazy"
 scripts/clazy.sh build/asan

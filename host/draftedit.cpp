@@ -35,7 +35,7 @@ bool areSame(const QString &left, const QString &right)
 
 DraftEdit DraftEdit::of(const SettingAddress &address, const QString &text, const Installation &stored)
 {
-    return {address, text, valueIn(stored, address), stored.revisions.value(address.key)};
+    return {address, text, valueIn(stored, address), stored.revisions.value(address.key), false};
 }
 
 DraftEdit::Standing DraftEdit::standing(const Installation &stored) const
@@ -53,6 +53,11 @@ DraftEdit::Standing DraftEdit::standing(const Installation &stored) const
     return isBase ? Standing::Current : Standing::Changed;
 }
 
+bool DraftEdit::isRepairOf(const Installation &stored) const
+{
+    return isRepair && stored.revisions.value(address.key) == revision;
+}
+
 QString DraftEdit::words(Standing standing)
 {
     return QCoreApplication::translate("DraftEdit", descriptions[int(standing)].words);
@@ -61,5 +66,5 @@ QString DraftEdit::words(Standing standing)
 bool operator==(const DraftEdit &left, const DraftEdit &right)
 {
     return left.address == right.address && areSame(left.text, right.text) && areSame(left.base, right.base) &&
-           left.revision == right.revision;
+           left.revision == right.revision && left.isRepair == right.isRepair;
 }

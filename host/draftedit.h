@@ -19,14 +19,17 @@ struct DraftEdit
     };
 
     SettingAddress address;
-    QString text;        ///< what was to be stored at the address
-    QString base;        ///< what was stored there; null for nothing
-    qint64 revision = 0; ///< of the key then
+    QString text;          ///< what was to be stored at the address
+    QString base;          ///< what was stored there; null for nothing
+    qint64 revision = 0;   ///< of the key then
+    bool isRepair = false; ///< a part of what was to replace the whole text of that revision, which cannot be read
 
     /// An edit of what @p stored holds now.
     static DraftEdit of(const SettingAddress &address, const QString &text, const Installation &stored);
 
     Standing standing(const Installation &stored) const;
+    /// Whether it is a repair of the text that is stored now.
+    bool isRepairOf(const Installation &stored) const;
     /// That as a sentence in the current language.
     static QString words(Standing standing);
 };

@@ -52,6 +52,8 @@ QJsonObject toJson(const DraftEdit &edit)
                      {QStringLiteral("revision"), edit.revision}};
     if (!edit.base.isNull())
         json.insert(QStringLiteral("base"), edit.base);
+    if (edit.isRepair)
+        json.insert(QStringLiteral("repair"), true);
     return json;
 }
 
@@ -61,7 +63,7 @@ DraftEdit editFromJson(const QJsonObject &json)
     return {SettingAddress::fromText(json[QStringLiteral("address")].toString()),
             json[QStringLiteral("text")].toString(QLatin1String("")),
             base.isString() ? base.toString(QLatin1String("")) : QString(),
-            qint64(json[QStringLiteral("revision")].toDouble())};
+            qint64(json[QStringLiteral("revision")].toDouble()), json[QStringLiteral("repair")].toBool()};
 }
 
 bool isKept(const DraftEdit &edit)

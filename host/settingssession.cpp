@@ -236,6 +236,16 @@ void SettingsSession::repair(const QString &key)
     Q_EMIT edited();
 }
 
+bool SettingsSession::isRepaired(const QString &key) const
+{
+    if (!m_repairedRevisions.contains(key) || m_repairedRevisions.value(key) != m_stored.revisions.value(key))
+        return false;
+    // An undone repair has left no parameter that insists.
+    const QVector<SettingAddress> insisting = replacing();
+    return std::any_of(insisting.begin(), insisting.end(),
+                       [&key](const SettingAddress &address) { return address.key == key; });
+}
+
 void SettingsSession::revert(const SettingAddress &address)
 {
     if (SettingsPage *shown = page(address))
@@ -280,6 +290,19 @@ QVector<SettingRules::Violation> SettingsSession::violations() const
     for (auto setting = changed.begin(); setting != changed.end(); ++setting)
         settings.insert(setting.key(), *setting);
     return SettingRules::violations(settings);
+}
+
+QVector<SettingRules::Violation> SettingsSession::newViolations() const
+{
+    QStringList known;
+    for (const SettingRules::Violation &violation : SettingRules::violations(m_stored.settings))
+        known.append(violation.message);
+    QVector<SettingRules::Violation> violations = this->violations();
+    const auto isKnown = [&known](const SettingRules::Violation &violation) {
+        return known.contains(violation.message);
+    };
+    violations.erase(std::remove_if(violations.begin(), violations.end(), isKnown), violations.end());
+    return violations;
 }
 
 QVector<SettingFinding> SettingsSession::findings() const
@@ -541,17 +564,9 @@ QStringList SettingsSession::unreadableKeys() const
 /// Whether somebody has decided to replace the text that is stored now.
 bool SettingsSession::mayReplace(const QString &key) const
 {
-    const qint64 revision = m_stored.revisions.value(key);
-    const auto isOf = [revision, &key](const QHash<QString, qint64> &decided) {
-        return decided.contains(key) && decided.value(key) == revision;
-    };
-    if (m_save->unreadable == Unreadable::Replace && isOf(m_refusedRevisions))
-        return true;
-    // An undone repair has left no parameter that insists.
-    const auto isInsisting = [this, &key](const SettingEdit &edit) {
-        return edit.address.key == key && isReplacing(edit.address);
-    };
-    return isOf(m_repairedRevisions) && std::any_of(m_save->edits.begin(), m_save->edits.end(), isInsisting);
+    const bool isAgreed = m_save->unreadable == Unreadable::Replace && m_refusedRevisions.contains(key) &&
+                          m_refusedRevisions.value(key) == m_stored.revisions.value(key);
+    return isAgreed || isRepaired(key);
 }
 
 QStringList SettingsSession::forbiddenKeys() const

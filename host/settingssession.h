@@ -115,6 +115,8 @@ public:
     /// Makes that an edit of every parameter under the @p key: the next save stores it without another question, unless
     /// something else is stored by then.
     void repair(const QString &key);
+    /// Whether that is so, and is neither undone nor saved yet.
+    bool isRepaired(const QString &key) const;
     /// Shows what is stored: undoes the edit, and takes theirs in a conflict.
     void revert(const SettingAddress &address);
     void revert();
@@ -126,6 +128,8 @@ public:
 
     /// The rules that the installation would break after a save.
     QVector<SettingRules::Violation> violations() const;
+    /// Those of them that it does not break in the same way already.
+    QVector<SettingRules::Violation> newViolations() const;
     /// What is wrong with what is stored. Takes time in proportion to it.
     QVector<SettingFinding> findings() const;
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures the library: times with Google Benchmark, then instructions with callgrind, which no busy machine disturbs,
-# as multiples of the same widgets written by hand.
+# as multiples of the same widgets written by hand. In between the manager is started on a display of its own.
 #
 #   scripts/benchmark.sh           both
 #   scripts/benchmark.sh --count   instructions only
@@ -52,5 +52,6 @@ count() {
 if [[ ${1:-} != --count ]]; then
     "$bin/settingspages"
     [[ ! -x $bin/objectselector ]] || "$bin/objectselector"
+    tests/endtoend/withdesktop.sh "$bin/managerstart"
 fi
 count

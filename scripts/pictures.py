@@ -110,6 +110,17 @@ def take_conflict(database):
     manager.kill()
 
 
+def take_access(database, suffix, *arguments):
+    """Where pages are locked, and what a locked one is like."""
+    Ctl(database).run("set", "--as-administrator", "VX_PAGE_ACCESS.users=нет", "--reason", "Правила утверждены")
+    manager = start(database, *arguments)
+    manager.page("Пользователи")
+    take(manager.window, f"window-locked{suffix}")
+    manager.choose("Правка", "Доступ операторов")
+    take(manager.dialog("Доступ операторов"), f"access{suffix}")
+    manager.kill()
+
+
 def take_window(database, name, *arguments):
     manager = start(database, *arguments)
     take(manager.window, name)
@@ -122,5 +133,7 @@ draw_pages(new_database("pages"))
 take_search(new_database("search"))
 take_changes_and_review(new_database("review"))
 take_conflict(new_database("conflict"))
+take_access(new_database("access"), "", "--language", "ru", "--theme", "light")
+take_access(new_database("access-dark"), "-dark", "--language", "ru", "--theme", "dark")
 take_window(new_database("window-dark"), "window-dark", "--language", "ru", "--theme", "dark")
 take_window(new_database("window-en"), "window-en", "--language", "en", "--theme", "light")

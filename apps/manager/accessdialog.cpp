@@ -1,7 +1,9 @@
 #include "accessdialog.h"
 
 #include "changestampwords.h"
+#include "pagelist.h"
 #include "savequestions.h"
+#include "wrappedlabel.h"
 
 #include <host/pageaccess.h>
 #include <host/pageaccesswords.h>
@@ -25,25 +27,17 @@
 
 namespace {
 
-constexpr QSize initialSize(760, 620);
+constexpr QSize initialSize(760, 560);
 constexpr int longestReason = 500;
 const QString textStyle = QStringLiteral("color: palette(window-text); font-weight: normal;");
 const QString pagesIcon = QStringLiteral("common-lock");
-
-QLabel *wrappedLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 } // namespace
 
 AccessDialog::AccessDialog(SettingsSession &session, QWidget *parent)
     : QDialog(parent)
     , m_session(session)
-    , m_purpose(wrappedLabel(this))
-    , m_state(wrappedLabel(this))
+    , m_purpose(new WrappedLabel({}, this))
+    , m_state(new WrappedLabel({}, this))
     , m_box(new DependentWidgetsBox(this))
     , m_reasonLabel(new QLabel(this))
     , m_reason(new QLineEdit(this))
@@ -114,9 +108,10 @@ void AccessDialog::retranslate()
 void AccessDialog::fill(const QJsonObject &flags)
 {
     dependent_widget::GroupInfo pages{tr("Страницы, которые могут изменять операторы"), pagesIcon, {}};
-    int position = 0;
+    const QVector<DBGroups> order = PageList::pages();
     for (const SettingsPageName &page : settingsPages)
-        pages.params.insert(QLatin1String(page.name), {DBSettingsHelper::groupName(page.group), position++});
+        pages.params.insert(QLatin1String(page.name),
+                            {DBSettingsHelper::groupName(page.group), int(order.indexOf(page.group))});
     // These texts are in the user's language already, and are set anew with it.
     m_box->setData(QStringLiteral("AccessDialog"), pages, flags);
     followTheme();

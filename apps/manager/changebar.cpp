@@ -19,8 +19,10 @@ ChangeBar::ChangeBar(QWidget *parent)
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_label, 1);
-    for (QPushButton *button : {m_cancel, m_revert, m_save})
+    for (QPushButton *button : {m_cancel, m_revert, m_save}) {
         layout->addWidget(button);
+        button->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard at the editor
+    }
     connect(m_cancel, &QPushButton::clicked, this, &ChangeBar::cancelRequested);
     connect(m_revert, &QPushButton::clicked, this, &ChangeBar::revertRequested);
     connect(m_save, &QPushButton::clicked, this, &ChangeBar::saveRequested);
@@ -72,7 +74,23 @@ void ChangeBar::showState()
     if (m_conflictCount > 0)
         text += tr(" (в другом месте тоже: %1)").arg(m_conflictCount);
     m_label->setText(isSaving ? m_progress : text);
+    const bool isWorthwhile = m_count > 0 && !isSaving;
+    const QWidget *focused = window()->focusWidget();
+    if (!isWorthwhile && (focused == m_revert || focused == m_save))
+        passFocusBack();
     m_cancel->setVisible(isSaving);
-    m_revert->setEnabled(m_count > 0 && !isSaving);
-    m_save->setEnabled(m_count > 0 && !isSaving);
+    m_revert->setEnabled(isWorthwhile);
+    m_save->setEnabled(isWorthwhile);
+}
+
+/// Otherwise the keyboard would go on to the search line at the other end of the window.
+void ChangeBar::passFocusBack() const
+{
+    const auto takesFocus = [](const QWidget *widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() && widget->isEnabled();
+    };
+    QWidget *before = m_cancel->previousInFocusChain();
+    while (!takesFocus(before))
+        before = before->previousInFocusChain();
+    before->setFocus(Qt::BacktabFocusReason);
 }

@@ -33,6 +33,7 @@ protected:
 private:
     void retranslate();
     void showState();
+    void passFocusBack() const;
 
     QLabel *m_label;
     QPushButton *m_cancel;

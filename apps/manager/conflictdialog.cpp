@@ -1,12 +1,12 @@
 #include "conflictdialog.h"
 
 #include "changestampwords.h"
+#include "wrappedlabel.h"
 
 #include <host/settingwords.h>
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -16,19 +16,12 @@
 
 namespace {
 
-constexpr QSize initialSize(640, 480);
-
-QLabel *plainLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
+constexpr int initialWidth = 640;
+constexpr int mostInitialHeight = 480;
 
 QLabel *boldLabel(const QString &text, QWidget *parent)
 {
-    QLabel *label = plainLabel(text, parent);
+    auto *label = new WrappedLabel(text, parent);
     QFont font = label->font();
     font.setBold(true);
     label->setFont(font);
@@ -41,14 +34,14 @@ ConflictDialog::ConflictDialog(const QVector<SettingsSession::Conflict> &conflic
 {
     setWindowTitle(tr("Настройки изменены в другом месте"));
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(plainLabel(tr("Пока вы редактировали настройки, эти параметры изменил кто-то другой. "
-                                    "Ничего не записано. Выберите, какое значение оставить."),
-                                 this));
+    layout->addWidget(new WrappedLabel(tr("Пока вы редактировали настройки, эти параметры изменил кто-то другой. "
+                                          "Ничего не записано. Выберите, какое значение оставить."),
+                                       this));
     layout->addWidget(createRows(conflicts), 1);
-    layout->addWidget(createButtons());
+    layout->addWidget(createButtons(conflicts.count()));
     showWhetherDecided();
     m_rows.first().theirs->setFocus();
-    resize(initialSize);
+    resize(initialWidth, qMin(layout->totalHeightForWidth(initialWidth), mostInitialHeight));
 }
 
 QVector<ConflictDialog::Choice> ConflictDialog::choices() const
@@ -82,7 +75,7 @@ QWidget *ConflictDialog::createRow(const SettingsSession::Conflict &conflict)
     box->setAccessibleName(conflict.address.caption());
     new QVBoxLayout(box);
     box->layout()->addWidget(boldLabel(conflict.address.caption(), box));
-    box->layout()->addWidget(plainLabel(tr("Было: %1").arg(value(conflict.base)), box));
+    box->layout()->addWidget(new WrappedLabel(tr("Было: %1").arg(value(conflict.base)), box));
     const Row row{
         createChoice(tr("Взять из базы данных"), value(conflict.theirs), ChangeStampWords::of(conflict.stamp), box),
         createChoice(tr("Записать моё"), value(conflict.mine), {}, box)};
@@ -101,7 +94,7 @@ QRadioButton *ConflictDialog::createChoice(const QString &label, const QString &
 
     parent->layout()->addWidget(choice);
     for (const QString &line : {value, explanation}) {
-        QLabel *text = plainLabel(line, parent);
+        auto *text = new WrappedLabel(line, parent);
         text->setIndent(2 * fontMetrics().height());
         text->setVisible(!line.isEmpty());
         parent->layout()->addWidget(text);
@@ -109,7 +102,7 @@ QRadioButton *ConflictDialog::createChoice(const QString &label, const QString &
     return choice;
 }
 
-QWidget *ConflictDialog::createButtons()
+QWidget *ConflictDialog::createButtons(int conflictCount)
 {
     auto *buttons = new QDialogButtonBox(this);
     const auto addAll = [&](const QString &text, Choice choice) {
@@ -117,8 +110,10 @@ QWidget *ConflictDialog::createButtons()
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, choice] { chooseAll(choice); });
     };
-    addAll(tr("Все из &базы"), Choice::Theirs);
-    addAll(tr("Все &мои"), Choice::Mine);
+    if (conflictCount > 1) {
+        addAll(tr("Все из &базы"), Choice::Theirs);
+        addAll(tr("Все &мои"), Choice::Mine);
+    }
     m_accept = buttons->addButton(tr("&Записать выбранное"), QDialogButtonBox::AcceptRole);
     m_stay = buttons->addButton(tr("&Вернуться"), QDialogButtonBox::RejectRole);
     m_stay->setToolTip(tr("Ничего не записывать и продолжить"));

@@ -36,7 +36,7 @@ private:
     QWidget *createRow(const SettingsSession::Conflict &conflict);
     QRadioButton *createChoice(const QString &label, const QString &value, const QString &explanation,
                                QGroupBox *parent);
-    QWidget *createButtons();
+    QWidget *createButtons(int conflictCount);
     void chooseAll(Choice choice);
     void showWhetherDecided();
 

@@ -13,7 +13,7 @@ bool ContextMenuKey::eventFilter(QObject *watched, QEvent *event)
     const auto *key = static_cast<QKeyEvent *>(event);
     if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier)
         return false;
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {});
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
     QCoreApplication::sendEvent(watched, &menu);
     return true;
 }

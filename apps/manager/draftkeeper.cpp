@@ -26,6 +26,10 @@ void DraftKeeper::offer()
     if (!edits.isEmpty() && SaveQuestions::restoreDraft(&m_window, words(edits), m_draft.found().at)) {
         for (const DraftEdit &edit : edits)
             m_window.edit(edit.address, edit.text);
+        for (const DraftEdit &edit : edits) {
+            if (edit.isRepairOf(m_session.stored()))
+                m_session.repair(edit.address.key);
+        }
     }
     m_draft.forgetFound();
 }
@@ -48,6 +52,7 @@ QVector<DraftEdit> DraftKeeper::edits() const
             edit.base = known->base;
             edit.revision = known->revision;
         }
+        edit.isRepair = m_session.isRepaired(address.key);
         edits.append(edit);
     }
     return edits;

@@ -2,6 +2,7 @@
 
 #include "changestampwords.h"
 #include "changetree.h"
+#include "wrappedlabel.h"
 
 #include <host/settingchange.h>
 #include <host/settingwords.h>
@@ -9,7 +10,6 @@
 #include <vxsettings/dbsettingshelper.h>
 
 #include <QDialogButtonBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -40,12 +40,10 @@ QString saveWords(const HistoryRecord &record)
 HistoryDialog::HistoryDialog(const std::optional<SettingAddress> &address, QWidget *parent)
     : QDialog(parent)
     , m_address(address)
-    , m_state(new QLabel(tr("История читается…"), this))
+    , m_state(new WrappedLabel(tr("История читается…"), this))
     , m_tree(new ChangeTree({tr("Настройка"), tr("Было"), tr("Стало")}, this))
 {
     setWindowTitle(address ? tr("История: %1").arg(address->caption()) : tr("История изменений"));
-    m_state->setWordWrap(true);
-    m_state->setTextFormat(Qt::PlainText);
     m_tree->setObjectName(QStringLiteral("history"));
     m_tree->setAccessibleName(tr("История изменений"));
 

@@ -1,6 +1,7 @@
 #include "importdialog.h"
 
 #include "changetree.h"
+#include "wrappedlabel.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -85,16 +86,11 @@ ImportDialog::ImportDialog(const QVector<ImportPlan::Row> &rows, const QString &
     m_tree->setObjectName(QStringLiteral("differences"));
     m_tree->setAccessibleName(tr("Отличия файла от базы данных"));
 
-    auto *head = new QLabel(tr("Файл «%1»").arg(fileName) + QLatin1Char('\n') + summary(), this);
-    head->setTextFormat(Qt::PlainText);
-    head->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(head);
-    m_edits = new QLabel(this);
+    layout->addWidget(new WrappedLabel(tr("Файл «%1»").arg(fileName) + QLatin1Char('\n') + summary(), this));
+    m_edits = new WrappedLabel({}, this);
     layout->addWidget(m_edits);
     m_edits->setObjectName(QStringLiteral("edits"));
-    m_edits->setTextFormat(Qt::PlainText);
-    m_edits->setWordWrap(true);
     m_edits->hide();
     layout->addWidget(createFilter());
     layout->addWidget(m_tree, 1);

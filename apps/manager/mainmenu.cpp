@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QEvent>
 #include <QMenu>
+#include <QShortcut>
 
 MainMenu::MainMenu(Translations *translations, QWidget *parent)
     : QMenuBar(parent)
@@ -21,12 +22,17 @@ MainMenu::MainMenu(Translations *translations, QWidget *parent)
     add(m_help, QT_TR_NOOP("&О программе"), &MainMenu::aboutRequested);
     for (QMenu *menu : {m_file, m_edit, m_view, m_help})
         addAction(menu->menuAction());
+    // As on other desktops' windows; the toolkit knows the Alt key only.
+    auto *open = new QShortcut(Qt::Key_F10, parent);
+    connect(open, &QShortcut::activated, this, [this] { setActiveAction(m_file->menuAction()); });
     retranslate();
 }
 
-QMenu *MainMenu::editMenu() const
+void MainMenu::setUndoActions(QAction *undo, QAction *redo)
 {
-    return m_edit;
+    QAction *first = m_edit->actions().first();
+    m_edit->insertActions(first, {undo, redo});
+    m_edit->insertSeparator(first);
 }
 
 QMenu *MainMenu::addMenu(QWidget *parent, const char *text)
@@ -61,6 +67,7 @@ void MainMenu::fillEditMenu()
 {
     // The search field has the shortcut itself.
     add(m_edit, QT_TR_NOOP("&Найти…\tCtrl+F"), &MainMenu::findRequested);
+    m_edit->addSeparator();
     add(m_edit, QT_TR_NOOP("&История изменений…"), &MainMenu::historyRequested);
     add(m_edit, QT_TR_NOOP("&Доступ операторов…"), &MainMenu::accessRequested);
 }

@@ -17,8 +17,8 @@ public:
     /// @p translations lives longer; without it no language is offered.
     explicit MainMenu(Translations *translations, QWidget *parent = nullptr);
 
-    /// For further entries, such as undo.
-    QMenu *editMenu() const;
+    /// What the edit menu begins with. The actions are borrowed.
+    void setUndoActions(QAction *undo, QAction *redo);
 
 Q_SIGNALS:
     void saveRequested();

@@ -2,6 +2,7 @@
 
 #include "accessdialog.h"
 #include "changebar.h"
+#include "disabledhints.h"
 #include "edithistory.h"
 #include "historydialog.h"
 #include "mainmenu.h"
@@ -15,6 +16,7 @@
 #include "searchfield.h"
 #include "settingsfiles.h"
 #include "spotlight.h"
+#include "wrappedlabel.h"
 
 #include <host/installationdatabase.h>
 #include <host/pageaccesswords.h>
@@ -37,7 +39,6 @@
 #include <QStackedWidget>
 #include <QTranslator>
 
-#include <algorithm>
 #include <initializer_list>
 
 /// The linker leaves out resources of a static library that nobody asks for. (Outside of every namespace: a macro.)
@@ -103,7 +104,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     , m_files(new SettingsFiles(session, database.location(), this))
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
-    , m_notice(new QLabel)
+    , m_notice(new WrappedLabel)
     , m_bar(new ChangeBar)
 {
     makePictureAvailable();
@@ -118,7 +119,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(menu, &ParameterMenu::historyWanted, this, &MainWindow::showHistory);
     connect(menu, &ParameterMenu::repairWanted, this, &MainWindow::repair);
     auto *history = new EditHistory(m_session, this);
-    m_menu->editMenu()->addActions({history->undoAction(), history->redoAction()});
+    m_menu->setUndoActions(history->undoAction(), history->redoAction());
     menu->setUndoActions(history->undoAction(), history->redoAction());
     connect(history, &EditHistory::stepped, this, &MainWindow::showParameter);
 
@@ -132,6 +133,7 @@ MainWindow::MainWindow(InstallationDatabase &database, SettingsSession &session,
     connect(&m_session, &SettingsSession::storedChanged, this, &MainWindow::showLocks);
     connect(m_save, &SaveConversation::progressed, m_bar, &ChangeBar::setProgress);
     connect(m_save, &SaveConversation::noticed, this, &MainWindow::showNotice);
+    connect(m_save, &SaveConversation::brokenRuleFound, this, &MainWindow::showParameter);
     connect(m_save, &SaveConversation::readyToLeave, this, &QWidget::close);
 
     restoreView();
@@ -165,8 +167,6 @@ QWidget *MainWindow::createCentralWidget()
     rows->addWidget(m_bar);
     m_list->setFrameShape(QFrame::NoFrame);
     m_notice->setObjectName(QStringLiteral("noticeLabel"));
-    m_notice->setTextFormat(Qt::PlainText);
-    m_notice->setWordWrap(true);
     m_notice->setMargin(noticeMargin);
     m_notice->hide();
     return central;
@@ -279,9 +279,17 @@ void MainWindow::showParameter(const SettingAddress &address)
     m_areas.value(int(page))->reveal(editor);
     Spotlight::pointAt(editor);
     if (m_session.mayEdit(page))
-        editor->setFocus(Qt::TabFocusReason); // what is typed replaces the value
+        editorOrSwitch(address)->setFocus(Qt::TabFocusReason); // what is typed replaces the value
     else
         m_areas.value(int(page))->focusLock();
+}
+
+/// What is switched off takes no keys, but what turns it on does.
+DBParamWidget *MainWindow::editorOrSwitch(const SettingAddress &address) const
+{
+    DBParamWidget *editor = m_session.editor(address);
+    const auto parent = DisabledHints::switchOf(address);
+    return editor->isEnabled() || !parent ? editor : m_session.editor(*parent);
 }
 
 void MainWindow::edit(const SettingAddress &address, const QString &text)
@@ -317,11 +325,8 @@ void MainWindow::showUnreadable()
 /// Of a JSON setting on the page that waits for a repair; null if there is none.
 QString MainWindow::unreadableKey(DBGroups page) const
 {
-    const QVector<SettingAddress> replacing = m_session.replacing();
     for (const QString &key : DBSettingsHelper::groupParams(page)) {
-        const bool isRepaired = std::any_of(replacing.begin(), replacing.end(),
-                                            [&key](const SettingAddress &address) { return address.key == key; });
-        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !isRepaired)
+        if (m_session.mayEdit(page) && m_session.isUnreadable(key) && !m_session.isRepaired(key))
             return key;
     }
     return {};

@@ -13,6 +13,7 @@
 #include <vector>
 
 class ChangeBar;
+class DBParamWidget;
 class InstallationDatabase;
 class MainMenu;
 class PageArea;
@@ -63,6 +64,7 @@ private:
     PageArea *openArea(DBGroups group);
     PageArea *createPage(DBGroups group);
     void showChanges();
+    DBParamWidget *editorOrSwitch(const SettingAddress &address) const;
     void showLocks();
     void showUnreadable();
     QString unreadableKey(DBGroups page) const;

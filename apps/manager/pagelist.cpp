@@ -14,10 +14,11 @@
 namespace {
 
 constexpr QSize pictureSize(20, 20);
-constexpr int rowHeight = 30; // of a title in one line
-constexpr int rowPadding = 6; // above and below several lines, together
+constexpr int rowHeight = 28;  // of a title in one line, which may be larger than this
+constexpr int rowPadding = 10; // above and below a title, together
 constexpr int headingHeight = 24;
 constexpr int leastLetters = 20;       // of a title's room, however short titles are
+constexpr int usualHits = 9;           // titles keep their lines when so many are told
 constexpr int titleSlack = 4;          // lines are broken a little before they are full
 constexpr int margin = 3;              // around the rows
 constexpr qreal headingStrength = 0.7; // of the colour of the text
@@ -148,6 +149,14 @@ PageList::PageList(QWidget *parent)
     followSelection(*this);
 }
 
+QVector<DBGroups> PageList::pages()
+{
+    QVector<DBGroups> pages;
+    for (const Section &section : sections())
+        pages += section.pages;
+    return pages;
+}
+
 void PageList::addHeading()
 {
     auto *item = new QListWidgetItem(this);
@@ -193,10 +202,8 @@ void PageList::setLocked(DBGroups group, bool locked)
 void PageList::setHits(const QMap<DBGroups, int> &hits)
 {
     m_hits = hits;
-    for (const Section &section : sections()) {
-        for (const DBGroups group : section.pages)
-            describe(itemOf(group));
-    }
+    for (const DBGroups group : pages())
+        describe(itemOf(group));
 }
 
 QListWidgetItem *PageList::itemOf(DBGroups group) const
@@ -239,10 +246,8 @@ int PageList::titleWidth() const
 {
     const QFontMetrics metrics(bold(font()));
     int width = leastLetters * metrics.averageCharWidth();
-    for (const Section &section : sections()) {
-        for (const DBGroups group : section.pages)
-            width = qMax(width, widthInTwoLines(DBSettingsHelper::groupName(group), metrics));
-    }
+    for (const DBGroups group : pages())
+        width = qMax(width, widthInTwoLines(withHits(DBSettingsHelper::groupName(group), usualHits), metrics));
     return width + titleSlack;
 }
 

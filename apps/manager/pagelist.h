@@ -14,6 +14,9 @@ class PageList : public QListWidget
 public:
     explicit PageList(QWidget *parent = nullptr);
 
+    /// From the top to the bottom.
+    static QVector<DBGroups> pages();
+
     void choose(DBGroups group);
     /// The page that is chosen; the first one at the start.
     DBGroups chosen() const;

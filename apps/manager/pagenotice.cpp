@@ -1,5 +1,7 @@
 #include "pagenotice.h"
 
+#include "wrappedlabel.h"
+
 #include <vxstyles/vxiconhelper.h>
 
 #include <QEvent>
@@ -17,12 +19,10 @@ PageNotice::PageNotice(const QString &icon, QWidget *parent)
     : QFrame(parent)
     , m_iconName(icon)
     , m_icon(new QLabel(this))
-    , m_text(new QLabel(this))
+    , m_text(new WrappedLabel({}, this))
     , m_action(new QPushButton(this))
 {
     setFrameShape(StyledPanel);
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setWordWrap(true);
     // The button is what the keyboard reaches.
     setFocusProxy(m_action);
     connect(m_action, &QPushButton::clicked, this, &PageNotice::actionRequested);

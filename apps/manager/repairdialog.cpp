@@ -1,5 +1,7 @@
 #include "repairdialog.h"
 
+#include "wrappedlabel.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -9,14 +11,6 @@
 namespace {
 
 constexpr QSize initialSize(640, 520);
-
-QLabel *wrappedLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 } // namespace
 
 RepairDialog::RepairDialog(const QString &caption, const QString &problem, const QString &stored,
@@ -25,12 +19,12 @@ RepairDialog::RepairDialog(const QString &caption, const QString &problem, const
 {
     setWindowTitle(tr("Исправление записи: %1").arg(caption));
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(wrappedLabel(problem, this));
+    layout->addWidget(new WrappedLabel(problem, this));
     addText(*layout, tr("&Записано сейчас:"), QStringLiteral("stored"), stored);
     addText(*layout, tr("&Будет записано (то, что показывает страница):"), QStringLiteral("repaired"), repaired);
-    layout->addWidget(wrappedLabel(tr("Это обычная правка: до сохранения её можно отменить, а после прежний текст "
-                                      "останется в истории изменений."),
-                                   this));
+    layout->addWidget(new WrappedLabel(tr("Это обычная правка: до сохранения её можно отменить, а после прежний текст "
+                                          "останется в истории изменений."),
+                                       this));
 
     auto *buttons = new QDialogButtonBox(this);
     buttons->addButton(tr("&Исправить"), QDialogButtonBox::AcceptRole)->setAutoDefault(false);

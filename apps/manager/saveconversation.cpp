@@ -25,7 +25,7 @@ SaveConversation::SaveConversation(InstallationDatabase &database, SettingsSessi
 
 void SaveConversation::review()
 {
-    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting)
+    if (!m_session.hasChanges() || m_session.isSaving() || m_waiting || refuseBrokenRule())
         return;
     ReviewDialog dialog(changes(), &m_window);
     if (dialog.exec() == QDialog::Rejected)
@@ -61,9 +61,23 @@ void SaveConversation::cancel()
     Q_EMIT progressed({});
 }
 
+/// Words beside the parameters say what is wrong; all that is missing is the way there.
+bool SaveConversation::refuseBrokenRule()
+{
+    const QVector<SettingRules::Violation> broken = m_session.newViolations();
+    if (broken.isEmpty())
+        return false;
+    stay();
+    const SettingRules::Violation &first = broken.first();
+    Q_EMIT brokenRuleFound(m_session.isChanged(first.lower) ? first.lower : first.upper);
+    return true;
+}
+
 void SaveConversation::save()
 {
     m_waiting.reset();
+    if (refuseBrokenRule())
+        return;
     if (!m_isConnectionLost)
         Q_EMIT noticed({});
     Q_EMIT progressed(tr("Сохранение…"));
@@ -150,8 +164,10 @@ void SaveConversation::revertForbidden(const QStringList &keys)
 void SaveConversation::resolveConflicts()
 {
     const QVector<SettingsSession::Conflict> conflicts = m_session.conflicts();
+    if (conflicts.isEmpty())
+        return save(); // they have been settled meanwhile
     ConflictDialog dialog(conflicts, &m_window);
-    if (!conflicts.isEmpty() && dialog.exec() == QDialog::Rejected) {
+    if (dialog.exec() == QDialog::Rejected) {
         stay();
         return;
     }

@@ -19,7 +19,8 @@ public:
     /// @p session is that of @p database; both live longer. @p window, over which it asks, owns it.
     SaveConversation(InstallationDatabase &database, SettingsSession &session, QWidget &window);
 
-    /// Shows what would be saved, takes a reason for it, and saves it if that is wanted.
+    /// Shows what would be saved, takes a reason for it, and saves it if that is wanted. Edits that break a rule are
+    /// not saved by any of these: brokenRuleFound() follows instead.
     void review();
     /// Whether the window may close now. If not, either somebody wants to stay, or everything is being saved first, and
     /// readyToLeave() follows.
@@ -32,9 +33,12 @@ Q_SIGNALS:
     void progressed(const QString &words);
     /// What is true until the next notice, a sentence or more; null if there is nothing to say any more.
     void noticed(const QString &words);
+    /// What @p address shows is not saved, because it breaks a rule together with another parameter.
+    void brokenRuleFound(const SettingAddress &address);
     void readyToLeave();
 
 private:
+    bool refuseBrokenRule();
     void save();
     void showProgress(InstallationDatabase::Wait wait);
     void finishSave(const SaveResult &result);

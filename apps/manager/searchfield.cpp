@@ -14,7 +14,8 @@
 namespace {
 
 constexpr int charactersOfARow = 60;
-constexpr int distance = 2; // between the line and the results
+constexpr int distance = 2;        // between the line and the results
+constexpr int besideDistance = 10; // over the margin of the field
 constexpr int rowSpacing = 4;
 
 SettingsSearch::Hit unsearched(const SettingAddress &address)
@@ -174,9 +175,12 @@ void SearchField::placeResults()
     const int whole = qMin(m_results->contentWidth(), room.width() - below.x());
     const int wanted = std::max({width(), charactersOfARow * fontMetrics().averageCharWidth(), whole});
     const int resultWidth = qMin(wanted, room.width());
-    const int left = qBound(0, below.x(), room.width() - resultWidth);
-    const int resultHeight = qMin(m_results->contentHeight(), room.height() - below.y() - distance);
-    m_results->setGeometry(left, below.y(), resultWidth, resultHeight);
+    // Beside the field, and the page list below it, the numbers of hits can still be seen there.
+    const QPoint beside = mapTo(window(), QPoint(width() + besideDistance, 0));
+    const QPoint place = beside.x() + resultWidth <= room.width() ? beside : below;
+    const int left = qBound(0, place.x(), room.width() - resultWidth);
+    const int resultHeight = qMin(m_results->contentHeight(), room.height() - place.y() - distance);
+    m_results->setGeometry(left, place.y(), resultWidth, resultHeight);
 }
 
 void SearchField::describe()

@@ -67,6 +67,12 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         drawOutline(painter, option->rect, outlineColor(*option));
 }
 
+QRect ThemeStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
+{
+    // The keyboard is at a row with its picture, not at its words.
+    return element == SE_ItemViewItemFocusRect ? option->rect : QProxyStyle::subElementRect(element, option, widget);
+}
+
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                                     const QWidget *widget) const
 {

@@ -66,6 +66,8 @@ class Manager:
         self.tree = accessibility.program(self.process.pid)
         self.window = self.tree.find("frame")
         wait_for(lambda: any(shown.is_("active") for shown in self.tree.children), "a window to have the keyboard")
+        # Until the settings are read, the window takes neither keys nor clicks.
+        wait_for(lambda: self.window.find("menu bar").is_("sensitive"), "the settings to be read")
 
     def find(self, role=None, name=None):
         return self.tree.find(role, name)
@@ -83,7 +85,10 @@ class Manager:
         return self.window.find("layered pane")
 
     def pages(self):
-        return next(node for node in self.tree.all("list") if node.name in ("Страницы настроек", "Settings pages"))
+        names = ("Страницы настроек", "Settings pages")
+        return wait_for(
+            lambda: next((node for node in self.window.all("list") if node.name in names), None), "the list of pages"
+        )
 
     def editor(self, caption):
         """The input widget of that caption on the page that shows."""

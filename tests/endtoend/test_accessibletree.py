@@ -191,6 +191,11 @@ class AccessibleTree(TestCase):
         self.assertIn("8", problem)
         self.assertEqual(problem, longest.description.splitlines()[-1])
         self.assertEqual(2, len(manager.window.all("label", problem)))
+        manager.page("Заявки")
+        manager.window.find("push button", "Сохранить").press()
+        manager.window.find("layered pane").find("panel", "Сотрудники")
+        wait_for(lambda: shortest.is_("focused"), "the save to lead to what is wrong")
+        self.assertEqual([], manager.tree.all("dialog"))
         shortest.value = 4
         wait_for(lambda: not shortest.description and not longest.description, "the problem to go")
         self.assertEqual([], manager.window.all("label", problem))

@@ -17,7 +17,7 @@ DAYS_KEY = "PT_PASSWORD_EXPIRED"
 REFUSED = 3
 # How far from its end an entry of the menu is: it is not in the accessible tree.
 COPY_COMMAND, COPY_KEY, HISTORY, EXPLAIN, REVERT = range(1, 6)
-REPAIR = 5  # where it is offered, between the reverting and the explaining
+REPAIR = SWITCH = 5  # where they are offered, between the reverting and the explaining
 UNREADABLE = '{"min_len": "6", "max_len'
 
 
@@ -81,6 +81,17 @@ class Administration(TestCase):
         self.choose_with_key(notify, REVERT, "shift+F10")
         self.wait_value(notify, 14)
         self.wait_changes(manager, 0)
+
+    def test_what_is_switched_off_leads_to_its_switch(self):
+        manager = self.start()
+        self.open_page(manager, "Сканирование лица")
+        switch = manager.editor("Включить возможность сканирования по лицу")
+        size = manager.editor("Минимальный размер диагонали лица (px)")
+        self.assertFalse(size.is_("sensitive"))
+        self.choose_with_mouse(size, SWITCH)
+        wait_for(lambda: switch.is_("focused"), "the keyboard to be at the switch")
+        press("Down")  # from "no" to "yes"
+        wait_for(lambda: size.is_("sensitive"), "it to be switched on")
 
     def test_a_value_is_explained(self):
         self.ctl.set(DAYS_KEY, "60")

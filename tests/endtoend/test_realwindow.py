@@ -25,6 +25,15 @@ class RealWindow(TestCase):
         click(manager.pages().find("list item", title))
         manager.window.find("layered pane").find("panel", title)
 
+    def start_edited(self, days):
+        """With one change, before the eyes and under the fingers of who made it."""
+        manager = self.start()
+        self.click_page(manager, "Пользователи")
+        click(manager.editor(DAYS))
+        replace(days)
+        self.wait_changes(manager, 1)
+        return manager
+
     def wait_changes(self, manager, count):
         manager.find("label", f"Изменено настроек: {count}" if count else "Несохранённых изменений нет")
 
@@ -58,20 +67,12 @@ class RealWindow(TestCase):
         self.assertEqual("from now on", self.ctl.history()[-1]["reason"])
 
     def test_an_edit_put_back_by_hand_is_no_change(self):
-        manager = self.start()
-        self.click_page(manager, "Пользователи")
-        click(manager.editor(DAYS))
-        replace("91")
-        self.wait_changes(manager, 1)
+        manager = self.start_edited("91")
         press("BackSpace", "0")
         self.wait_changes(manager, 0)
 
     def test_undo_leads_to_another_page(self):
-        manager = self.start()
-        self.click_page(manager, "Пользователи")
-        click(manager.editor(DAYS))
-        replace("60")
-        self.wait_changes(manager, 1)
+        manager = self.start_edited("60")
         self.click_page(manager, "Заявки")
         press("ctrl+z")
         manager.window.find("layered pane").find("panel", "Пользователи")
@@ -170,11 +171,7 @@ class RealWindow(TestCase):
         self.assertEqual("theirs.example", self.ctl.get("PT_MOBILE_HOST"))
 
     def test_closing_asks_and_lists(self):
-        manager = self.start()
-        self.click_page(manager, "Пользователи")
-        click(manager.editor(DAYS))
-        replace("60")
-        self.wait_changes(manager, 1)
+        manager = self.start_edited("60")
         press("ctrl+q")
         question = manager.find("alert message")
         question.find("label", f"{DAYS}: 90 → 60")
@@ -187,11 +184,7 @@ class RealWindow(TestCase):
         self.assertEqual("60", self.ctl.get("PT_PASSWORD_EXPIRED"))
 
     def test_closing_discards_and_remembers_the_page(self):
-        manager = self.start()
-        self.click_page(manager, "Пользователи")
-        click(manager.editor(DAYS))
-        replace("60")
-        self.wait_changes(manager, 1)
+        manager = self.start_edited("60")
         press("ctrl+q")
         click(manager.find("alert message").find("push button", "Не сохранять"))
         manager.process.wait(timeout=PATIENCE)
@@ -292,11 +285,7 @@ class RealWindow(TestCase):
         self.assertEqual("90", self.ctl.get("PT_PASSWORD_EXPIRED"))
 
     def test_another_language_keeps_the_edits(self):
-        manager = self.start()
-        self.click_page(manager, "Пользователи")
-        click(manager.editor(DAYS))
-        replace("60")
-        self.wait_changes(manager, 1)
+        manager = self.start_edited("60")
         for entry in ("Вид", "Язык", "English"):
             click(manager.find("menu item", entry))
         days = manager.editor("Password validity (days)")

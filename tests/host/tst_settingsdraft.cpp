@@ -67,6 +67,7 @@ DraftEdit portEdit(const QString &text)
 }
 
 const DraftEdit lengthEdit{{"PT_PIN_STRENGTH", "min_len"}, "6", QString(), 0};
+const DraftEdit repair{{"PT_PASSWORD_STRENGTH", "min_len"}, "6", QString(), 7, true};
 
 /// Keeps @p edits until they are on the disk, then ends without a word of it, as a crash does.
 bool keep(SettingsDraft &draft, const QVector<DraftEdit> &edits)
@@ -155,11 +156,12 @@ void TestSettingsDraft::anEndInBetweenLosesNothing()
 {
     {
         SettingsDraft draft(m_location);
-        draft.keep({portEdit("8080"), lengthEdit});
+        draft.keep({portEdit("8080"), lengthEdit, repair});
     }
     const SettingsDraft next(m_location);
-    QCOMPARE(next.found().edits, (QVector<DraftEdit>{portEdit("8080"), lengthEdit}));
+    QCOMPARE(next.found().edits, (QVector<DraftEdit>{portEdit("8080"), lengthEdit, repair}));
     QVERIFY(next.found().edits[1].base.isNull());
+    QVERIFY(next.found().edits[2].isRepair && !next.found().edits[1].isRepair);
     QVERIFY(qAbs(next.found().at.secsTo(QDateTime::currentDateTimeUtc())) < 60);
 }
 

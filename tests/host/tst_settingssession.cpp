@@ -198,6 +198,7 @@ private Q_SLOTS:
     void aFailedSaveKeepsTheEdits();
     void aBusyDatabaseIsWaitedForUntilCancelled();
     void violationsAreOfWhatWouldBeStored();
+    void onlyEditsBreakRulesAnew();
     void findingsAreOfWhatIsStored();
     void aRepairIsAnEdit_data();
     void aRepairIsAnEdit();
@@ -1004,6 +1005,22 @@ void TestSettingsSession::violationsAreOfWhatWouldBeStored()
     QCOMPARE(host.session->violations()[0].upper, maxLen);
     host.session->revert(maxLen);
     QVERIFY(host.session->violations().isEmpty());
+}
+
+void TestSettingsSession::onlyEditsBreakRulesAnew()
+{
+    const TestDatabase database;
+    makeSample(database);
+    database.store(PIN_STRENGTH, R"({"min_len": "9", "max_len": "8"})");
+    Host host(database);
+    host.click(denyEqual);
+    QCOMPARE(host.session->violations().count(), 1);
+    QVERIFY(host.session->newViolations().isEmpty());
+    host.type(maxLen, "7");
+    QCOMPARE(host.session->newViolations().count(), 1);
+    QCOMPARE(host.session->newViolations()[0].upper, maxLen);
+    host.type(maxLen, "10");
+    QVERIFY(host.session->newViolations().isEmpty());
 }
 
 void TestSettingsSession::findingsAreOfWhatIsStored()

@@ -47,9 +47,9 @@ private:
             QTest::keyClick(dialog, Qt::Key_Escape);
             return;
         }
-        for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
+        for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
             if (plain(button->text()) == wanted) {
-                QTest::mouseClick(button, Qt::LeftButton);
+                QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
                 return;
             }
         }

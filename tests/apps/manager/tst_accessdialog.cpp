@@ -64,6 +64,7 @@ class TestAccessDialog : public QObject
 private Q_SLOTS:
     void initTestCase();
     void showsWhatIsStored();
+    void pagesComeAsInTheWindow();
     void everythingIsOpenWhereNothingIsStored();
     void theMouseLocksAPageAndSavesIt();
     void theKeyboardOpensAll();
@@ -95,6 +96,17 @@ void TestAccessDialog::showsWhatIsStored()
     QCOMPARE(dialog.group()->checkState(), Qt::PartiallyChecked);
     QCOMPARE(dialog.dialog.findChild<DependentWidgetsBox *>()->getData().size(), 13);
     QVERIFY(dialog.state().isEmpty());
+}
+
+void TestAccessDialog::pagesComeAsInTheWindow()
+{
+    const Dialog dialog;
+    int above = -1;
+    for (const char *page : {"database", "pass-requests", "employees", "users", "scanning-common"}) {
+        const int y = dialog.page(page)->mapTo(&dialog.dialog, QPoint()).y();
+        QVERIFY2(y > above, page);
+        above = y;
+    }
 }
 
 void TestAccessDialog::everythingIsOpenWhereNothingIsStored()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void theAnswersOfTheButtons_data();
     void theAnswersOfTheButtons();
     void everythingMustBeDecided();
+    void oneConflictTakesLittleRoom();
     void theKeyboardDecides();
     void everybodyCanUseIt();
 };
@@ -124,6 +125,16 @@ void TestConflictDialog::everythingMustBeDecided()
     }
     QVERIFY((*accept)->isEnabled());
     QCOMPARE(dialog.choices(), (Choices{Choice::Theirs, Choice::Mine, Choice::Mine, Choice::Theirs}));
+}
+
+void TestConflictDialog::oneConflictTakesLittleRoom()
+{
+    const ConflictDialog one(conflicts.mid(0, 1));
+    const ConflictDialog many(conflicts);
+    QVERIFY2(one.height() < many.height(), qPrintable(QString::number(one.height())));
+    // To decide on all of them is to decide on the one.
+    QCOMPARE(one.findChildren<QPushButton *>().count(), 2);
+    QCOMPARE(many.findChildren<QPushButton *>().count(), 4);
 }
 
 void TestConflictDialog::theKeyboardDecides()

@@ -18,6 +18,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
+#include <optional>
+
 using namespace db::database;
 
 class TestDraftKeeper : public QObject
@@ -30,6 +33,8 @@ private Q_SLOTS:
     void editsAreOfferedAtTheNextStart();
     void nothingIsOfferedAfterAnOrderlyEnd();
     void whatIsStoredByNowIsNotOffered();
+    void aRepairIsStillAgreed_data();
+    void aRepairIsStillAgreed();
 
 private:
     QTemporaryDir m_home;
@@ -68,6 +73,8 @@ public:
     std::unique_ptr<DraftKeeper> keeper; // dies first, without a word, as after a crash
 };
 } // namespace
+
+Q_DECLARE_METATYPE(SaveResult::Outcome)
 
 void TestDraftKeeper::initTestCase()
 {
@@ -133,6 +140,47 @@ void TestDraftKeeper::whatIsStoredByNowIsNotOffered()
     QCOMPARE(next.draft->found().edits.size(), 1);
     next.keeper->offer(); // would wait for an answer
     QVERIFY(!next.session.hasChanges());
+}
+
+void TestDraftKeeper::aRepairIsStillAgreed_data()
+{
+    QTest::addColumn<QString>("meanwhile");
+    QTest::addColumn<SaveResult::Outcome>("outcome");
+    QTest::newRow("of the text that was seen") << QString() << SaveResult::Outcome::Saved;
+    QTest::newRow("not of another one") << "spoilt otherwise" << SaveResult::Outcome::Unreadable;
+}
+
+void TestDraftKeeper::aRepairIsStillAgreed()
+{
+    QFETCH(QString, meanwhile);
+    QFETCH(SaveResult::Outcome, outcome);
+    const TestDatabase database;
+    {
+        const Start sample(database);
+        sample.keeper->drop();
+    }
+    database.store(PIN_STRENGTH, "spoilt");
+    QString repaired;
+    {
+        Start crashed(database);
+        crashed.window->showParameter({PIN_STRENGTH, json::MIN_LEN});
+        crashed.session.repair(PIN_STRENGTH);
+        repaired = crashed.session.repairedText(PIN_STRENGTH);
+    }
+    if (!meanwhile.isNull())
+        database.store(PIN_STRENGTH, meanwhile);
+    Start next(database);
+    const ModalAnswer answer("Восстановить");
+    next.keeper->offer();
+    QVERIFY(answer.wasGiven());
+
+    std::optional<SaveResult> result;
+    connect(&next.session, &SettingsSession::saveFinished, &next.session,
+            [&result](const auto &done) { result = done; });
+    next.session.save();
+    QTRY_VERIFY(result);
+    QCOMPARE(result->outcome, outcome);
+    QCOMPARE(database.stored(PIN_STRENGTH), outcome == SaveResult::Outcome::Saved ? repaired : meanwhile);
 }
 
 QTEST_MAIN(TestDraftKeeper)

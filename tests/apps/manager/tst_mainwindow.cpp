@@ -221,6 +221,11 @@ private Q_SLOTS:
     void closingWithChangesAsks_data();
     void closingWithChangesAsks();
     void closingSavesOnlyWhatCanBeSaved();
+    void savingLeadsToABrokenRule_data();
+    void savingLeadsToABrokenRule();
+    void theKeyboardStaysWhereItWas_data();
+    void theKeyboardStaysWhereItWas();
+    void theEditMenuBeginsWithUndo();
     void closingDuringASaveWaitsForIt();
     void theWindowLivesWhileItSaves();
     void aSaveCanBeCancelled();
@@ -243,8 +248,10 @@ private Q_SLOTS:
     void noPageScrolls();
     void theKeyboardReachesEverything();
     void aSearchLeadsToTheParameter();
+    void aSearchForWhatIsOffLeadsToItsSwitch();
     void aSearchScrollsAndUnfolds();
     void aSearchTellsThePages();
+    void resultsHideNoPage();
     void changesAndProblemsCanBeFiltered();
     void theMenuFindsSavesAndQuits();
     void theLanguageChangesAtOnce();
@@ -516,11 +523,92 @@ void TestMainWindow::closingSavesOnlyWhatCanBeSaved()
     QVERIFY(window.session.hasChanges());
 
     // A later save is no wish to leave.
-    const ModalAnswer mine(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
+    const ModalAnswer mine(QStringList{"Сохранить", "Записать моё", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.session.hasChanges());
     QCoreApplication::processEvents();
     QVERIFY(window.window->isVisible());
+}
+
+void TestMainWindow::savingLeadsToABrokenRule_data()
+{
+    QTest::addColumn<bool>("isClosed");
+    QTest::newRow("saved") << false;
+    QTest::newRow("closed and saved") << true;
+}
+
+void TestMainWindow::savingLeadsToABrokenRule()
+{
+    QFETCH(bool, isClosed);
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.go(DBGroups::Employees);
+    auto *shortest = window.input<QSpinBox>(json::MIN_LEN);
+    editors::retype(shortest, "9"); // of 8 at most
+    window.go(DBGroups::Connection);
+    const ModalAnswer answer(isClosed ? QStringList{"Сохранить"} : QStringList{});
+    if (isClosed)
+        QVERIFY(!window.window->close());
+    else
+        QTest::mouseClick(window.save(), Qt::LeftButton); // no review
+    QVERIFY(answer.wasGiven());
+    QTRY_COMPARE(window.window->focusWidget(), shortest);
+    QCOMPARE(window.list()->chosen(), DBGroups::Employees);
+    QVERIFY(window.window->isVisible() && !window.session.isSaving() && window.session.hasChanges());
+
+    editors::retype(shortest, "5");
+    window.clickSave();
+    QTRY_VERIFY(!window.session.hasChanges());
+    QCoreApplication::processEvents();
+    QVERIFY(window.window->isVisible());
+}
+
+void TestMainWindow::theKeyboardStaysWhereItWas_data()
+{
+    QTest::addColumn<bool>("isClicked");
+    QTest::newRow("with the mouse") << true;
+    QTest::newRow("with the keyboard") << false;
+}
+
+void TestMainWindow::theKeyboardStaysWhereItWas()
+{
+    QFETCH(bool, isClicked);
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    window.search("порт");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    editors::retype(QApplication::focusWidget(), "9443");
+    if (isClicked) {
+        window.clickSave();
+    } else {
+        while (!window.save()->hasFocus())
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const ModalAnswer review("Сохранить");
+        QTest::keyClick(window.save(), Qt::Key_Space);
+    }
+    QTRY_VERIFY(!window.session.hasChanges() && !window.session.isSaving());
+    QCoreApplication::processEvents();
+    QVERIFY(window.page()->isAncestorOf(window.window->focusWidget()));
+    QVERIFY(!window.window->findChild<SearchResults *>()->isVisible());
+}
+
+void TestMainWindow::theEditMenuBeginsWithUndo()
+{
+    const TestDatabase database;
+    const Window window(database);
+    QApplication::setActiveWindow(window.window.get());
+    QTest::keyClick(window.window->windowHandle(), Qt::Key_F10);
+    QTRY_VERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+    const QList<QAction *> entries = QApplication::activePopupWidget()->actions();
+    QCOMPARE(entries[0]->text(), QString("&Отменить правку"));
+    QCOMPARE(entries[1]->text(), QString("&Повторить правку"));
+    QVERIFY(entries[2]->isSeparator());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    while (QWidget *menu = QApplication::activePopupWidget())
+        menu->close();
 }
 
 void TestMainWindow::closingDuringASaveWaitsForIt()
@@ -713,7 +801,7 @@ void TestMainWindow::aConflictCanBeOverwritten()
     const Window window(database);
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Сохранить", "Все мои", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Записать моё", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
     QVERIFY(answer.wasGiven());
@@ -743,7 +831,7 @@ void TestMainWindow::theirsCanBeTaken()
     editors::retype(window.input<QSpinBox>(PASSWORD_EXPIRED), "30");
     window.typeHost("mine");
     database.store(MOBILE_HOST, "theirs");
-    const ModalAnswer answer(QStringList{"Сохранить", "Все из базы", "Записать выбранное"});
+    const ModalAnswer answer(QStringList{"Сохранить", "Взять из базы данных", "Записать выбранное"});
     QTest::mouseClick(window.save(), Qt::LeftButton);
     QTRY_VERIFY(!window.window->isWindowModified());
     QVERIFY(answer.wasGiven());
@@ -914,6 +1002,17 @@ void TestMainWindow::aSearchLeadsToTheParameter()
     QTRY_VERIFY(!spotlight);
 }
 
+void TestMainWindow::aSearchForWhatIsOffLeadsToItsSwitch()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("диагонали");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(window.list()->chosen(), DBGroups::FaceScanning);
+    QVERIFY(!window.input<QSpinBox>(ENROLL_FACE_MIN_SIZE)->isEnabled());
+    QCOMPARE(window.window->focusWidget(), window.input<QComboBox>(ENABLE_FACE_SCANNING));
+}
+
 void TestMainWindow::aSearchScrollsAndUnfolds()
 {
     const TestDatabase database;
@@ -940,6 +1039,19 @@ void TestMainWindow::aSearchTellsThePages()
              QString("Сканирование отпечатков пальцев (5)"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QCOMPARE(window.list()->itemOf(DBGroups::FingerprintScanning)->text(), QString("Сканирование отпечатков пальцев"));
+}
+
+void TestMainWindow::resultsHideNoPage()
+{
+    const TestDatabase database;
+    const Window window(database);
+    window.search("ладон");
+    const auto *results = window.window->findChild<SearchResults *>();
+    QTRY_VERIFY(results->isVisible());
+    QVERIFY(results->hitCount() > 10);
+    const QRect pages(window.list()->mapTo(window.window.get(), QPoint()), window.list()->size());
+    QVERIFY(!results->geometry().intersects(pages));
+    QVERIFY(window.window->rect().contains(results->geometry()));
 }
 
 void TestMainWindow::changesAndProblemsCanBeFiltered()

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void changedPagesAreMarked();
     void titlesAreNotCutOff();
     void aLongTitleTakesTwoLines();
+    void aFewHitsTakeNoThirdLine();
+    void titlesAreEvenlySpaced();
 };
 
 void TestPageList::initTestCase()
@@ -250,6 +252,31 @@ void TestPageList::aLongTitleTakesTwoLines()
     const int before = height(DBGroups::FingerprintScanning);
     list.setChanged(DBGroups::FingerprintScanning, true);
     QCOMPARE(height(DBGroups::FingerprintScanning), before);
+}
+
+void TestPageList::aFewHitsTakeNoThirdLine()
+{
+    PageList list;
+    list.resize(list.sizeHint().width(), 700);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const QListWidgetItem *twoLines = list.itemOf(DBGroups::FingerprintScanning);
+    const int before = list.visualItemRect(twoLines).height();
+    list.setHits({{DBGroups::FingerprintScanning, 9}});
+    QCOMPARE(list.visualItemRect(twoLines).height(), before);
+}
+
+void TestPageList::titlesAreEvenlySpaced()
+{
+    PageList list;
+    list.resize(list.sizeHint().width(), 700);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const auto padding = [&list](DBGroups group, int lines) {
+        return list.visualItemRect(list.itemOf(group)).height() - lines * list.fontMetrics().lineSpacing();
+    };
+    QVERIFY2(qAbs(padding(DBGroups::Database, 1) - padding(DBGroups::FingerprintScanning, 2)) <= 4,
+             qPrintable(QString::number(padding(DBGroups::FingerprintScanning, 2))));
 }
 
 QTEST_MAIN(TestPageList)

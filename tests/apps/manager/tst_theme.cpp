@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPalette>
 #include <QSpinBox>
 #include <QTest>
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void outlinesStandOut();
     void theFocusStandsOut_data() { kinds(); }
     void theFocusStandsOut();
+    void theFocusIsAroundAWholeRow();
     void aDarkDesktopIsFollowed();
 
 private:
@@ -155,6 +157,27 @@ void TestTheme::theFocusStandsOut()
             QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
         QVERIFY2(highlighted(widget) > without + widget->height(), widget->metaObject()->className());
     }
+}
+
+void TestTheme::theFocusIsAroundAWholeRow()
+{
+    Theme::apply(Theme::Kind::Light);
+    QListWidget list;
+    QPixmap picture(20, 20);
+    picture.fill(Qt::transparent);
+    list.addItem(new QListWidgetItem(picture, "text"));
+    list.show();
+    QApplication::setActiveWindow(&list);
+    QVERIFY(QTest::qWaitForWindowActive(&list));
+    list.setCurrentRow(0);
+    const auto edge = [&list] {
+        const QRect row = list.visualItemRect(list.item(0));
+        return list.viewport()->grab().toImage().pixelColor(row.left(), row.center().y());
+    };
+    list.clearFocus();
+    const QColor without = edge();
+    list.setFocus(Qt::TabFocusReason);
+    QVERIFY(edge() != without);
 }
 
 void TestTheme::aDarkDesktopIsFollowed()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the tests of faults and of invented input in their long form, which tries everything that scripts/test.sh only
-# takes samples of. Takes about half an hour; the figures and seeds are printed. Ends at the first test that fails.
+# takes samples of. Takes about an hour; the figures and seeds are printed. Ends at the first test that fails.
 #
 #   scripts/long-tests.sh            all of them
 #   scripts/long-tests.sh TEST...    these, for example tst_diskfaults

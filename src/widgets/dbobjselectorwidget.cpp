@@ -71,8 +71,9 @@ DBObjSelectorWidget::DBObjSelectorWidget(const QString &dataname, QWidget *paren
         if (dbsc().isDebugEnabled())
             choiceChanged().debug() << "Changing data" << index;
         ComboBoxInterface::announceChoice(selector);
+        const QString changed = key();
         const QPointer<DBObjSelectorWidget> self(this);
-        Q_EMIT paramChanged(key(), selector->currentUid());
+        Q_EMIT paramChanged(changed, selector->currentUid());
         if (self)
             Q_EMIT commitData();
     });

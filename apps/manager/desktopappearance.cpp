@@ -27,8 +27,11 @@ bool prefersDark(QVariant value)
 DesktopAppearance::DesktopAppearance(QObject *parent)
     : QObject(parent)
 {
-    QDBusConnection::sessionBus().connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-                                          SLOT(takeChange(QString, QString, QDBusVariant)));
+    // Found without looking for blanks first.
+    // clang-format off
+    const char *slot = SLOT(takeChange(QString,QString,QDBusVariant));
+    // clang-format on
+    QDBusConnection::sessionBus().connect(service, path, interface, QStringLiteral("SettingChanged"), this, slot);
     ask();
 }
 

@@ -30,7 +30,7 @@ MainMenu::MainMenu(Translations *translations, QWidget *parent)
 
 void MainMenu::setUndoActions(QAction *undo, QAction *redo)
 {
-    QAction *first = m_edit->actions().first();
+    QAction *first = m_edit->actions().constFirst();
     m_edit->insertActions(first, {undo, redo});
     m_edit->insertSeparator(first);
 }

@@ -69,6 +69,15 @@ public:
             throw std::runtime_error("not loaded");
     }
 
+    /// Until everything that the database was asked before has been answered, be the session there or not.
+    void waitForAnswers()
+    {
+        bool isAnswered = false;
+        database.load([&isAnswered](const DatabaseResult<Installation> &) { isAnswered = true; });
+        if (!QTest::qWaitFor([&isAnswered] { return isAnswered; }, 30000))
+            throw std::runtime_error("not answered");
+    }
+
     QWidget *open(DBGroups group)
     {
         QWidget *page = session->openPage(group, window.get());
@@ -1284,7 +1293,8 @@ void TestSettingsSession::accessIsSavedByItself()
 
     host.session->saveAccess("{}", 2, {}, note);
     host.session.reset();
-    QTRY_COMPARE(database.stored(PageAccess::KEY), QString("{}"));
+    host.waitForAnswers();
+    QCOMPARE(database.stored(PageAccess::KEY), QString("{}"));
     QCOMPARE(outcomes.count(), 2);
 }
 
@@ -1298,7 +1308,8 @@ void TestSettingsSession::theSessionMayGoFirst()
     host.session.reset();
     QCOMPARE(host.window->findChildren<DBParamWidget *>().count(), 0);
     // What was sent is carried out all the same.
-    QTRY_COMPARE(database.stored(MOBILE_HOST), QString("mine"));
+    host.waitForAnswers();
+    QCOMPARE(database.stored(MOBILE_HOST), QString("mine"));
 }
 
 void TestSettingsSession::secretsReachNoLog()

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void othersWhoMakeTheTablesAreWaitedFor();
     void whatCannotBeFilledIsNotMade_data();
     void whatCannotBeFilledIsNotMade();
+    void whatCannotBeReadIsAnError_data();
+    void whatCannotBeReadIsAnError();
     void aSaveThatFailsStoresNothing_data();
     void aSaveThatFailsStoresNothing();
     void aSaveOfTheSameNumberIsWaitedFor();
@@ -157,6 +159,28 @@ void TestStoreFaults::whatCannotBeFilledIsNotMade()
     QVERIFY(error);
     QVERIFY(!error->reason.isEmpty());
     QVERIFY(!isThere(server, "settings"));
+}
+
+void TestStoreFaults::whatCannotBeReadIsAnError_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::newRow("settings") << "settings";
+    QTest::newRow("objects") << "objects";
+}
+
+void TestStoreFaults::whatCannotBeReadIsAnError()
+{
+    QFETCH(QString, table);
+    const TestServer server;
+    makeTables(server);
+    SettingsStore store;
+    QVERIFY(!store.open(server.location()));
+    server.execute("ALTER TABLE " + table + " RENAME TO hidden");
+    Installation installation;
+    const auto error = store.load(installation);
+    QVERIFY(error);
+    QVERIFY2(error->reason.contains("42P01"), qPrintable(error->reason)); // no such table
+    QVERIFY(installation.settings.isEmpty());
 }
 
 void TestStoreFaults::aSaveThatFailsStoresNothing_data()

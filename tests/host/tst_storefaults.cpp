@@ -202,6 +202,9 @@ void TestStoreFaults::aSaveThatFailsStoresNothing_data()
                                                    << QString() << Outcome::Failed << Kind::Refused;
     QTest::newRow("the setting cannot be written")
         << Authority::Operator << before << "RAISE EXCEPTION 'no';" << Outcome::Failed << Kind::Refused;
+    QTest::newRow("the new revision cannot be read")
+        << Authority::Operator << "CREATE TRIGGER fault AFTER UPDATE ON settings"
+        << "PERFORM set_config('search_path', 'nowhere', true); RETURN NULL;" << Outcome::Failed << Kind::Refused;
     QTest::newRow("what is stored instead cannot be read")
         << Authority::Operator << before << "PERFORM set_config('search_path', 'nowhere', true); RETURN NULL;"
         << Outcome::Failed << Kind::Refused;

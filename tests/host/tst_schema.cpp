@@ -2,12 +2,10 @@
 #include <host/settingsstore.h>
 
 #include "messages.h"
+#include "simultaneousopening.h"
 #include "testdatabase.h"
 
 #include <QTest>
-
-#include <thread>
-#include <vector>
 
 class TestSchema : public QObject
 {
@@ -200,17 +198,7 @@ void TestSchema::severalProgramsMigrateAtOnce()
 {
     const TestDatabase database;
     makeVersion1(database);
-    std::vector<QString> errors(8);
-    std::vector<std::thread> programs;
-    for (QString &text : errors) {
-        programs.emplace_back([&text, &database] {
-            if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
-                text = error->text();
-        });
-    }
-    for (std::thread &program : programs)
-        program.join();
-    for (const QString &text : errors)
+    for (const QString &text : openAtOnce(database))
         QCOMPARE(text, QString());
     QCOMPARE(loaded(database).settings.count(), 2);
 }

@@ -2,14 +2,12 @@
 #include <host/settingsstore.h>
 
 #include "messages.h"
+#include "simultaneousopening.h"
 #include "testdatabase.h"
 
 #include <QTest>
 
 #include <sys/stat.h>
-
-#include <thread>
-#include <vector>
 
 class TestSettingsStore : public QObject
 {
@@ -533,17 +531,7 @@ void TestSettingsStore::aPathThatIsTooLongIsAnError()
 void TestSettingsStore::severalProgramsCreateTheSampleAtOnce()
 {
     const TestDatabase database;
-    std::vector<QString> errors(8);
-    std::vector<std::thread> programs;
-    for (QString &text : errors) {
-        programs.emplace_back([&text, &database] {
-            if (auto error = SettingsStore().open(DatabaseLocation::ofFile(database.path())))
-                text = error->text();
-        });
-    }
-    for (std::thread &program : programs)
-        program.join();
-    for (const QString &text : errors)
+    for (const QString &text : openAtOnce(database))
         QCOMPARE(text, QString());
     QCOMPARE(database.files(), QStringList{"installation.db"});
     QCOMPARE(database.settings(), SampleInstallation::make().settings);

@@ -31,12 +31,14 @@ inline const char *spinBoxTextSignal()
 /// the digits and the sign U+2212, and nothing after a zero character; Qt 6 has it the other way round.
 inline QString numberText(const QString &text)
 {
-    if (!isQt6)
-        return text;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     if (text.contains(QChar(0)))
         return {};
     const QString trimmed = text.trimmed();
     return trimmed.startsWith(QChar(0x2212)) ? QLatin1Char('-') + trimmed.mid(1) : trimmed;
+#else
+    return text;
+#endif
 }
 
 /// The same for a value that may be a text; any other value is left as it is.
@@ -103,9 +105,7 @@ inline QString translationsFolder()
 template <typename T>
 QList<T *> findChildren(const QObject *root)
 {
-    if constexpr (!isQt6)
-        return root->findChildren<T *>();
-
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     QList<T *> found;
     for (QObject *child : root->children()) {
         if (!child) // just being deleted
@@ -115,6 +115,9 @@ QList<T *> findChildren(const QObject *root)
         found << findChildren<T>(child);
     }
     return found;
+#else
+    return root->findChildren<T *>();
+#endif
 }
 
 /// Whether QIcon multiplies sizes by the screen's ratio itself. In Qt 6 it always does, and asking is deprecated.

@@ -14,6 +14,7 @@ namespace catalogue {
 namespace {
 
 // One maker per editor kind: it is impossible to write a check box with a range.
+// Uncovered from here: all of them run in the compiler.
 
 constexpr Parameter readOnly(const QString &key, const char *caption)
 {
@@ -61,6 +62,7 @@ constexpr Parameter jsonGroup(const QString &key)
 {
     return {&key, DBSettingsType::JsonGroup};
 }
+// Uncovered to here
 
 // clang-format off
 

@@ -35,7 +35,7 @@ int selectorHeight(const QAbstractItemModel &objects)
 
 void setDelegate(QAbstractItemView *view)
 {
-    // GCOVR_EXCL_BR_START: the selector in platform/ has a tree view; that of an installation may have another.
+    // Uncovered from here: the selector in platform/ has a tree view; that of an installation may have another.
     if (auto *tree = qobject_cast<QTreeView *>(view)) {
         tree->setItemDelegate(new VXTreeViewDelegate(tree));
         if (dbsc().isDebugEnabled())
@@ -43,7 +43,7 @@ void setDelegate(QAbstractItemView *view)
     } else if (dbsc().isDebugEnabled()) {
         viewPrepared().debug() << "View does not initialized";
     }
-    // GCOVR_EXCL_BR_STOP
+    // Uncovered to here
 }
 } // namespace
 
@@ -100,10 +100,10 @@ void DBObjSelectorWidget::setValue(const QVariant &value)
         return;
     }
     selector->setCurrentUid(uid);
-    // GCOVR_EXCL_BR_START: as above
+    // Uncovered from here: as above
     if (auto *tree = qobject_cast<QTreeView *>(selector->view()))
         tree->expand(selector->currentModelIndex());
-    // GCOVR_EXCL_BR_STOP
+    // Uncovered to here
 }
 
 QVariant DBObjSelectorWidget::value() const

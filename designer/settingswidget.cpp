@@ -1,12 +1,25 @@
 #include "settingswidget.h"
 
 #include <QIcon>
+#include <QLocale>
+#include <QTranslator>
 #include <QWidget>
 
 SettingsWidget::SettingsWidget(const Description &description, QObject *parent)
     : QObject(parent)
     , m_description(description)
 {}
+
+/// Called by Designer alone. A program that loads forms has its own language, in which its editors speak.
+void SettingsWidget::initialize(QDesignerFormEditorInterface *)
+{
+    if (parent()->findChild<QTranslator *>())
+        return;
+    auto *translator = new QTranslator(parent());
+    translator->load(QLocale(), QStringLiteral("vxsettings"), QStringLiteral("_"),
+                     QStringLiteral(":/vxsettings/designer/translations"));
+    QCoreApplication::installTranslator(translator);
+}
 
 QString SettingsWidget::name() const
 {

@@ -22,6 +22,7 @@ public:
     /// @p description must live longer.
     SettingsWidget(const Description &description, QObject *parent);
 
+    void initialize(QDesignerFormEditorInterface *designer) override;
     QString name() const override;
     QString group() const override;
     QString toolTip() const override;

@@ -11,10 +11,12 @@
 #include <QFileInfo>
 #include <QFormBuilder>
 #include <QIcon>
+#include <QLocale>
 #include <QPluginLoader>
 #include <QSet>
 #include <QSpinBox>
 #include <QTest>
+#include <QTranslator>
 #include <QUiLoader>
 #include <QVBoxLayout>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
@@ -30,6 +32,8 @@ private Q_SLOTS:
     void initTestCase();
     void isDescribed_data() { widgets(); }
     void isDescribed();
+    void speaksTheLanguageOfDesigner_data();
+    void speaksTheLanguageOfDesigner();
     void nothingElseIsOffered();
     void isCreatedByItsName_data() { widgets(); }
     void isCreatedByItsName();
@@ -43,6 +47,7 @@ private Q_SLOTS:
 
 private:
     static void widgets();
+    QObject *pluginObject() const { return dynamic_cast<QObject *>(m_plugin); }
     QDesignerCustomWidgetInterface *offered(const QString &className) const;
     std::unique_ptr<QWidget> loaded(const QByteArray &form);
 
@@ -157,6 +162,37 @@ void TestSettingsWidgets::isDescribed()
         if (other != className)
             QVERIFY2(offered(other)->icon().pixmap(24, 24).toImage() != icon, other);
     }
+}
+
+void TestSettingsWidgets::speaksTheLanguageOfDesigner_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("English") << QLocale("en_GB") << "Yes-or-no parameter" << "Forbid identical digits in a row";
+    QTest::newRow("Russian") << QLocale("ru_RU") << "Параметр «да или нет»" << "Запрещать одинаковые цифры подряд";
+}
+
+void TestSettingsWidgets::speaksTheLanguageOfDesigner()
+{
+    QFETCH(QLocale, locale);
+    QFETCH(QString, toolTip);
+    QFETCH(QString, caption);
+    const QLocale before;
+    QLocale::setDefault(locale);
+    for (const char *className : classNames)
+        offered(className)->initialize(nullptr);
+    QLocale::setDefault(before);
+    const QList<QTranslator *> installed = pluginObject()->findChildren<QTranslator *>();
+    const QString told = offered("DBCheckBoxWidget")->toolTip();
+    const std::unique_ptr<QWidget> widget(m_loader.createWidget("DBCheckBoxWidget"));
+    widget->setProperty("parameter", json::DENY_EQUAL);
+    const QString shown = qobject_cast<DBParamWidget *>(widget.get())->centralWidget()->property("text").toString();
+    qDeleteAll(installed);
+
+    QCOMPARE(installed.count(), 1);
+    QCOMPARE(told, toolTip);
+    QCOMPARE(shown, caption);
 }
 
 void TestSettingsWidgets::nothingElseIsOffered()

@@ -43,7 +43,7 @@ cmake --build --preset memcheck
 scripts/memcheck.sh build/memcheck
 
 section "Invented input"
-scripts/fuzz.sh 60
+scripts/fuzz.sh 30
 
 section "Installed"
 cmake --preset release

@@ -169,8 +169,10 @@ void TestSettingsWidgets::speaksTheLanguageOfDesigner_data()
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<QString>("toolTip");
     QTest::addColumn<QString>("caption");
-    QTest::newRow("English") << QLocale("en_GB") << "Yes-or-no parameter" << "Forbid identical digits in a row";
-    QTest::newRow("Russian") << QLocale("ru_RU") << "Параметр «да или нет»" << "Запрещать одинаковые цифры подряд";
+    QTest::newRow("English") << QLocale("en_GB") << "Yes-or-no parameter"
+                             << "Forbid identical digits in a row";
+    QTest::newRow("Russian") << QLocale("ru_RU") << "Параметр «да или нет»"
+                             << "Запрещать одинаковые цифры подряд";
 }
 
 void TestSettingsWidgets::speaksTheLanguageOfDesigner()

@@ -15,7 +15,7 @@ test_packages=(
     abigail-tools appstream at-spi2-core autopkgtest blhc clang clang-format clang-tidy clazy cmake-format codespell
     cppcheck dbus-daemon debhelper debootstrap desktop-file-utils doxygen dpkg-dev fish git groff-base
     imagemagick libbenchmark-dev libclang-14-dev libclang-rt-14-dev libgl-dev libqt6opengl6-dev libqt6sql6-psql
-    libqt6sql6-sqlite libqt6svg6 librapidcheck-dev lintian lld llvm man-db pkg-config pngquant postgresql
+    libqt6sql6-sqlite libqt6svg6 librapidcheck-dev lintian lld llvm llvm-14-dev man-db pkg-config pngquant postgresql
     postgresql-common python3 python3-clang python3-gi python3-jsonschema python3-xlib qhelpgenerator-qt5
     qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n shellcheck sqlite3
     strace valgrind xauth xdotool xvfb zsh

@@ -2,8 +2,7 @@
 """Judges what the tests of a build have run: every branch of the store, conflict and conversion code, and at least 95 %
 of the lines of everything else, in each of its folders.
 
-    scripts/coverage.py BUILD_DIR    a build of the preset "asan", whose tests have all been run since it was emptied of
-                                     BUILD_DIR/profiles
+    scripts/coverage.py BUILD_DIR    a build of the preset "asan", whose last run of tests was one of them all
 
 Writes BUILD_DIR/coverage/index.html, which shows every line with how often it ran.
 """

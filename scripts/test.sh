@@ -20,7 +20,6 @@ section "Build: asan"
 cmake --preset asan
 cmake --build --preset asan
 section "Tests: asan"
-rm -rf build/asan/profiles
 ctest --preset asan
 section "Coverage"
 scripts/coverage.py build/asan

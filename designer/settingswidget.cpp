@@ -16,9 +16,9 @@ void SettingsWidget::initialize(QDesignerFormEditorInterface *)
     if (parent()->findChild<QTranslator *>())
         return;
     auto *translator = new QTranslator(parent());
-    translator->load(QLocale(), QStringLiteral("vxsettings"), QStringLiteral("_"),
-                     QStringLiteral(":/vxsettings/designer/translations"));
-    QCoreApplication::installTranslator(translator);
+    if (translator->load(QLocale(), QStringLiteral("vxsettings"), QStringLiteral("_"),
+                         QStringLiteral(":/vxsettings/designer/translations")))
+        QCoreApplication::installTranslator(translator);
 }
 
 QString SettingsWidget::name() const

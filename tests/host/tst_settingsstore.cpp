@@ -16,6 +16,7 @@ class TestSettingsStore : public QObject
 private Q_SLOTS:
     void initTestCase();
     void aMissingFileIsCreatedWithTheSample();
+    void aFileThatCannotBeMadeIsAnError();
     void anExistingFileIsReadAsItIs();
     void aLoadReadsEverything();
     void aFailedLoadChangesNothing();
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void aSaveThatIsGivenUpWritesNothing();
     void aTableThatGoesIsAnErrorOfASave_data();
     void aTableThatGoesIsAnErrorOfASave();
+    void theOutcomeOfASaveCanBeAskedFor();
     void aHistoryThatGoesTellsNoOutcome();
     void aFileHasNoNewsOfItsOwn();
 };
@@ -112,6 +114,18 @@ void TestSettingsStore::aMissingFileIsCreatedWithTheSample()
     struct stat status = {};
     QCOMPARE(stat(database.path().toUtf8().constData(), &status), 0);
     QCOMPARE(status.st_mode & 0777u, 0600u);
+}
+
+void TestSettingsStore::aFileThatCannotBeMadeIsAnError()
+{
+    const TestDatabase database;
+    QVERIFY(QFile(database.folder() + "/file").open(QIODevice::WriteOnly));
+    SettingsStore store;
+    const auto error = store.open(DatabaseLocation::ofFile(database.folder() + "/file/installation.db"));
+    QVERIFY(error);
+    QCOMPARE(error->path, database.folder() + "/file/installation.db");
+    QVERIFY(!store.isOpen());
+    QCOMPARE(database.files(), QStringList{"file"});
 }
 
 void TestSettingsStore::anExistingFileIsReadAsItIs()
@@ -589,6 +603,25 @@ void TestSettingsStore::aTableThatGoesIsAnErrorOfASave()
     QVERIFY2(result.error->reason.contains(table), qPrintable(result.error->reason));
     database.execute("ALTER TABLE hidden RENAME TO " + table);
     QCOMPARE(database.settings(), before.settings);
+}
+
+void TestSettingsStore::theOutcomeOfASaveCanBeAskedFor()
+{
+    const TestDatabase database;
+    SettingsStore store;
+    const SaveOrder order{{{"PT_MOBILE_HOST", "mine"}}, loaded(opened(store, database))};
+    QCOMPARE(store.save(order).outcome, SaveResult::Outcome::Saved);
+
+    SettingsStore another;
+    opened(another, database);
+    const auto outcome = another.outcome(order.id);
+    QVERIFY(!outcome.error);
+    QCOMPARE(outcome.value.count(), 1);
+    QCOMPARE(outcome.value.first().key, QString("PT_MOBILE_HOST"));
+    QCOMPARE(outcome.value.first().newValue, QString("mine"));
+    const auto never = another.outcome("the number of no save");
+    QVERIFY(!never.error);
+    QVERIFY(never.value.isEmpty());
 }
 
 void TestSettingsStore::aHistoryThatGoesTellsNoOutcome()

@@ -295,6 +295,7 @@ void TestStoreFaults::aLostServerIsAnErrorOfEveryCall()
     QVERIFY(error);
     QCOMPARE(error->kind, Kind::Disconnected);
     QVERIFY(installation.settings.isEmpty());
+    QCOMPARE(store.hasNews().error->kind, Kind::Disconnected);
     QCOMPARE(store.listen()->kind, Kind::Disconnected);
     QCOMPARE(store.outcome("the number of a save").error->kind, Kind::Disconnected);
     QCOMPARE(store.save({{key, "mine"}}, {}).error->kind, Kind::Disconnected);

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs clazy, up to its level 2, over the sources that BUILD_DIR compiles, tests and generated files left out.
+# Runs clazy, up to its level 2, over the sources that BUILD_DIR compiles. Left out are generated files, and tests: what it
+# finds there costs time that nobody waits for.
 #
 #   scripts/clazy.sh BUILD_DIR
 set -euo pipefail

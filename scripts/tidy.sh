@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the sources that BUILD_DIR compiles, tests and generated files left out.
+# Runs clang-tidy over the sources that BUILD_DIR compiles. Left out are generated files, and tests: what their macros expand
+# to is counted as complexity of their own.
 #
 #   scripts/tidy.sh BUILD_DIR
 set -euo pipefail

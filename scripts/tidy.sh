@@ -7,8 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:?usage: scripts/tidy.sh BUILD_DIR}
 
-mkdir -p "$build/lib"
-plugin=$build/lib/owndeclarations.so
+plugin=$build/owndeclarations.so
 clang++ -std=c++17 -fno-rtti -fPIC -shared -isystem "$(llvm-config --includedir)" scripts/owndeclarations.cpp -o "$plugin"
 
 mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'platform/*.cpp' 'host/*.cpp' 'apps/*.cpp' 'designer/*.cpp' 'docs/*.cpp')

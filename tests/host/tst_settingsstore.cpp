@@ -124,6 +124,7 @@ void TestSettingsStore::aFileThatCannotBeMadeIsAnError()
     const auto error = store.open(DatabaseLocation::ofFile(database.folder() + "/file/installation.db"));
     QVERIFY(error);
     QCOMPARE(error->path, database.folder() + "/file/installation.db");
+    QCOMPARE(error->reason, QString("Не удаётся создать папку «%1/file».").arg(database.folder()));
     QVERIFY(!store.isOpen());
     QCOMPARE(database.files(), QStringList{"file"});
 }
